@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#ifndef OVL_HOSTING_VIEWWIDGET_H
+#define OVL_HOSTING_VIEWWIDGET_H
+
+#include <visualization/view.h>
+
+#include <QWidget>
+
+#include <memory>
+#include <utility>
+
+#if defined(_WIN32)
+#if defined(ovl_hosting_EXPORTS)
+#define OVL_HOSTING_EXPORT __declspec(dllexport)
+#else
+#define OVL_HOSTING_EXPORT __declspec(dllimport)
+#endif
+#else
+#define OVL_HOSTING_EXPORT __attribute__((visibility("default")))
+#endif
+
+class QOpenGLWidget;
+
+namespace ovl::hosting {
+
+/** Sets what the framework wants of every OpenGL surface; called once, before QApplication is made.
+ */
+OVL_HOSTING_EXPORT void prepareApplication();
+
+/**
+ * Owns the framework's widget and keeps it painted: at the display's pace it looks at the view's
+ * isDirty(), and when the flag is up it renders the window and clears the flag.
+ *
+ * A bare QWidget::update() would only show the last frame again.
+ */
+class OVL_HOSTING_EXPORT AbstractViewWidget : public QWidget {
+    Q_OBJECT
+
+public:
+    /** The widget that a view is made on; fills this one. */
+    QOpenGLWidget* surface() const;
+
+    /** Renders now, whether the view is dirty or not, and clears its flag. */
+    void render();
+
+Q_SIGNALS:
+    /** The view has been rendered and its flag cleared. */
+    void rendered();
+
+protected:
+    explicit AbstractViewWidget(QWidget* parent);
+    ~AbstractViewWidget() override;
+
+    /** The view to look after; null ends it. Not owned. */
+    void watch(View* view);
+
+    /** Mouse events end here, as they would in any widget that uses them. */
+    bool event(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+/** A widget that shows one view: `ViewWidget<ImageView> widget; widget.view().drawScene(...);` */
+template <class ViewType> class ViewWidget : public AbstractViewWidget {
+public:
+    /** What the view's constructor takes behind the widget follows the parent. */
+    template <class... Arguments>
+    explicit ViewWidget(QWidget* parent = nullptr, Arguments&&... arguments)
+        : AbstractViewWidget(parent)
+        , shown(std::make_unique<ViewType>(surface(), std::forward<Arguments>(arguments)...))
+    {
+        watch(shown.get());
+    }
+
+    ~ViewWidget() override { watch(nullptr); }
+
+    ViewType& view() { return *shown; }
+
+private:
+    std::unique_ptr<ViewType> shown; // goes before the widget that it stands on
+};
+
+} // namespace ovl::hosting
+
+#endif
