@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#include "plotstacked.h"
+
+#include <vtkObjectFactory.h>
+
+namespace ovl {
+
+vtkStandardNewMacro(PlotStacked);
+
+} // namespace ovl
