@@ -1,0 +1,235 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#include <visualization/plotline.h>
+#include <visualization/plotroster.h>
+#include <visualization/vtkcompat.h>
+
+#include <vtkAxis.h>
+#include <vtkContextMouseEvent.h>
+#include <vtkContextTransform.h>
+#include <vtkDoubleArray.h>
+#include <vtkNew.h>
+#include <vtkPlotLine.h>
+#include <vtkTable.h>
+#include <vtkTransform2D.h>
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <utility>
+#include <vector>
+
+namespace ovl {
+namespace {
+
+class PlotRosterTest : public testing::Test {
+protected:
+    PlotRosterTest()
+        : roster(transforms)
+    {
+        for (vtkContextTransform* corner : {empty.Get(), filled.Get()})
+            transforms.push_back(corner);
+        for (PlotLine* plot : {lower.Get(), upper.Get()}) {
+            setPoint(plot, 3, 4);
+            filled->AddItem(plot);
+        }
+        filled->GetTransform()->Translate(100, 50);
+        filled->GetTransform()->Scale(2, 10);
+    }
+
+    void setPoint(PlotLine* plot, double x, double y)
+    {
+        const vtkNew<vtkTable> table;
+        for (const auto& [name, value] : {std::pair("x", x), std::pair("y", y)}) {
+            const vtkNew<vtkDoubleArray> column;
+            column->SetName(name);
+            for (int i = 0; i < 2; ++i)
+                column->InsertNextValue(value);
+            table->AddColumn(column);
+        }
+        plot->SetXAxis(axis);
+        plot->SetYAxis(axis);
+        plot->SetInputData(table, 0, 1);
+        plot->Modified();
+        plot->Update();
+    }
+
+    static vtkContextMouseEvent at(float x, float y)
+    {
+        vtkContextMouseEvent mouse {};
+        mouse.SetPos(vtkVector2f(x, y));
+        return mouse;
+    }
+
+    const RosterPlot* topmost()
+    {
+        const PointProbe probe(filled, at(106, 90)); // 3, 4
+        return roster.topmost(
+            roster.corners().front(), probe, [](const RosterPlot&) { return true; });
+    }
+
+    vtkNew<vtkAxis> axis;
+    vtkNew<vtkContextTransform> empty;
+    vtkNew<vtkContextTransform> filled;
+    vtkNew<PlotLine> lower;
+    vtkNew<PlotLine> upper;
+    std::vector<vtkContextTransform*> transforms;
+    PlotRoster roster;
+};
+
+TEST_F(PlotRosterTest, ProbesFivePixelsAroundThePlaceInPlotSpace)
+{
+    const PointProbe probe(filled, at(120, 80));
+    EXPECT_FLOAT_EQ(probe.position.GetX(), 10);
+    EXPECT_FLOAT_EQ(probe.position.GetY(), 3);
+    EXPECT_FLOAT_EQ(probe.tolerance.GetX(), 2.5);
+    EXPECT_FLOAT_EQ(probe.tolerance.GetY(), 0.5);
+    filled->GetTransform()->Scale(-1, 1);
+    EXPECT_FLOAT_EQ(PointProbe(filled, at(120, 80)).tolerance.GetX(), 2.5) << "never negative";
+}
+
+TEST_F(PlotRosterTest, ListsTheCornersThatHavePlotsInTheOrderOfTheirItems)
+{
+    ASSERT_EQ(roster.corners().size(), 1u);
+    EXPECT_EQ(roster.corners()[0].transform, filled.Get());
+    ASSERT_EQ(roster.corners()[0].plots.size(), 2u);
+    EXPECT_EQ(roster.corners()[0].plots[0].plot, lower.Get());
+    EXPECT_EQ(roster.corners()[0].plots[0].part, static_cast<Plot*>(lower.Get()));
+    EXPECT_EQ(roster.corners()[0].plots[1].plot, upper.Get());
+}
+
+/** The plots from corner to corner, each from the bottom. */
+std::vector<const vtkPlot*> plotsOf(PlotRoster& roster)
+{
+    std::vector<const vtkPlot*> plots;
+    for (const RosterCorner& corner : roster.corners())
+        for (const RosterPlot& entry : corner.plots)
+            plots.push_back(entry.plot);
+    return plots;
+}
+
+TEST_F(PlotRosterTest, FollowsEveryChangeOfTheItems)
+{
+    using Plots = std::vector<const vtkPlot*>;
+    ASSERT_EQ(plotsOf(roster), (Plots {lower, upper}));
+    filled->Lower(1);
+    EXPECT_EQ(plotsOf(roster), (Plots {upper, lower}));
+    filled->Raise(0);
+    EXPECT_EQ(plotsOf(roster), (Plots {lower, upper}));
+    filled->StackAbove(0, 1);
+    EXPECT_EQ(plotsOf(roster), (Plots {upper, lower}));
+    filled->RemoveItem(lower);
+    EXPECT_EQ(plotsOf(roster), (Plots {upper}));
+    empty->AddItem(lower);
+    EXPECT_EQ(plotsOf(roster), (Plots {lower, upper}));
+    filled->AddItem(lower);
+    EXPECT_EQ(plotsOf(roster), (Plots {lower, upper, lower}));
+    transforms.pop_back();
+    EXPECT_EQ(plotsOf(roster), (Plots {lower}));
+    empty->ClearItems();
+    EXPECT_EQ(plotsOf(roster), Plots());
+}
+
+TEST_F(PlotRosterTest, KeepsWhatItKnowsAsLongAsNothingChanges)
+{
+    const RosterPlot* entry = roster.corners().front().plots.data();
+    const RosterCorner* corner = roster.corners().data();
+    setPoint(upper, 30, 40);
+    EXPECT_EQ(roster.corners().data(), corner);
+    EXPECT_EQ(roster.corners().front().plots.data(), entry);
+}
+
+TEST_F(PlotRosterTest, IsNotMisledByANewPlotInThePlaceOfOneThatHasGone)
+{
+    for (int i = 0; i < 20; ++i) { // the allocator hands out the same place sooner or later
+        {
+            const vtkNew<PlotLine> passing;
+            empty->AddItem(passing);
+        }
+        ASSERT_EQ(roster.corners().front().plots.size(), 1u);
+        empty->ClearItems();
+        const vtkNew<vtkPlotLine> foreign;
+        empty->AddItem(foreign);
+        ASSERT_EQ(roster.corners().size(), 1u) << "none of ours";
+        empty->ClearItems();
+    }
+}
+
+TEST_F(PlotRosterTest, LeavesOutWhatIsNoPlotOfOurs)
+{
+    const vtkNew<vtkPlotLine> foreign;
+    filled->AddItem(foreign);
+    EXPECT_EQ(roster.corners()[0].plots.size(), 2u);
+}
+
+TEST_F(PlotRosterTest, FindsTheTopmostPlotThatIsAccepted)
+{
+    const PointProbe probe(filled, at(106, 90));
+    RosterCorner& corner = roster.corners().front();
+    const auto accepts = [this](const RosterPlot& entry) { return entry.plot == lower.Get(); };
+    EXPECT_EQ(topmost()->plot, upper.Get());
+    const RosterPlot* found = roster.topmost(corner, probe, accepts);
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(found->plot, lower.Get());
+    EXPECT_EQ(found->nearest.row, 0);
+    EXPECT_EQ(found->nearest.segment, -1);
+    EXPECT_FLOAT_EQ(found->nearest.position.GetX(), 3);
+    EXPECT_EQ(roster.topmost(corner, PointProbe(filled, at(130, 90)), accepts), nullptr);
+}
+
+TEST_F(PlotRosterTest, FindsAPointWhereItIsAfterThePlotHasBuiltItAnew)
+{
+    ASSERT_EQ(topmost()->plot, upper.Get());
+    setPoint(upper, 300, 4);
+    EXPECT_EQ(topmost()->plot, lower.Get());
+    setPoint(lower, 3, 400);
+    EXPECT_EQ(topmost(), nullptr);
+    setPoint(lower, std::nan(""), 4);
+    EXPECT_EQ(topmost(), nullptr) << "a point that is nowhere";
+    setPoint(lower, 3, 4);
+    EXPECT_EQ(topmost()->plot, lower.Get());
+    setPoint(upper, 3, 4);
+    EXPECT_EQ(topmost()->plot, upper.Get());
+}
+
+TEST_F(PlotRosterTest, RejectsNoPlotThatWouldAnswer)
+{
+    // Against the plots themselves, in steps much finer than the rounding of their coordinates.
+    for (int i = -4000; i <= 4000; ++i) {
+        const float pixel = 111.0F + static_cast<float>(i) * 1e-5F; // 5 beyond the point's 106
+        for (const float x : {pixel, 212.0F - pixel}) {
+            const PointProbe probe(filled, at(x, 90));
+            vtkVector2f found;
+            vtkIdType segment = -1;
+            const vtkIdType row
+                = compat::nearestPoint(upper, probe.position, probe.tolerance, found, segment);
+            const auto all = [](const RosterPlot&) { return true; };
+            const RosterPlot* plot = roster.topmost(roster.corners().front(), probe, all);
+            ASSERT_EQ(plot != nullptr, row >= 0) << x;
+        }
+    }
+}
+
+TEST_F(PlotRosterTest, AsksAPlotOnceInAnEvent)
+{
+    {
+        const PlotRoster::Event event(roster);
+        ASSERT_EQ(topmost()->plot, upper.Get());
+        setPoint(upper, 30, 40);
+        EXPECT_EQ(topmost()->plot, upper.Get()) << "its answer is kept";
+        {
+            const PlotRoster::Event nested(roster);
+            EXPECT_EQ(topmost()->plot, lower.Get());
+            setPoint(upper, 3, 4);
+        }
+        EXPECT_EQ(topmost()->plot, upper.Get());
+        setPoint(upper, 30, 40);
+        roster.forgetAnswers();
+        EXPECT_EQ(topmost()->plot, lower.Get());
+    }
+    setPoint(upper, 3, 4);
+    EXPECT_EQ(topmost()->plot, upper.Get());
+    setPoint(upper, 30, 40);
+    EXPECT_EQ(topmost()->plot, lower.Get()) << "outside of events nothing is kept";
+}
+
+} // namespace
+} // namespace ovl
