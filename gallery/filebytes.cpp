@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#include "filebytes.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace ovl::gallery {
+namespace {
+
+constexpr qint64 kLargestFile = qint64(1) << 30;
+constexpr qint64 kLargestSide = 1 << 20;
+constexpr qint64 kLargestImage = qint64(1) << 30; // bytes
+
+} // namespace
+
+Outcome<QByteArray> readFileBytes(const QString& path)
+{
+    using Failure = Outcome<QByteArray>;
+    const QFileInfo info(path);
+    if (!info.exists())
+        return Failure::failure(QStringLiteral("there is no such file"));
+    if (info.isDir())
+        return Failure::failure(QStringLiteral("this is a folder"));
+    if (info.size() > kLargestFile)
+        return Failure::failure(QStringLiteral("files above 1 GiB are not read"));
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return Failure::failure(file.errorString());
+    QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        return Failure::failure(file.errorString());
+    if (bytes.isEmpty())
+        return Failure::failure(QStringLiteral("the file is empty"));
+    return bytes;
+}
+
+bool isHonestSize(qint64 width, qint64 height, qint64 bytesPerPixel, qint64 fileSize, int bestRatio)
+{
+    if (width < 1 || height < 1 || width > kLargestSide || height > kLargestSide)
+        return false;
+    const qint64 bytes = width * height * bytesPerPixel; // at most 2^40 times a few: no overflow
+    return bytes <= kLargestImage && bytes <= fileSize * bestRatio;
+}
+
+QString dishonestSize(qint64 width, qint64 height)
+{
+    return QStringLiteral("the header tells %1 x %2 pixels, which the file cannot hold")
+        .arg(width)
+        .arg(height);
+}
+
+} // namespace ovl::gallery

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#include "imagefile.h"
+
+#include "filebytes.h"
+#include "pngfile.h"
+#include "pnmfile.h"
+#include "tifffile.h"
+
+namespace ovl::gallery {
+
+bool looksLikeImage(const QByteArray& beginning)
+{
+    return looksLikePng(beginning) || looksLikeTiff(beginning) || looksLikePnm(beginning);
+}
+
+Outcome<Image> readImageFile(const QString& path)
+{
+    Outcome<QByteArray> bytes = readFileBytes(path);
+    if (!bytes)
+        return Outcome<Image>::failure(bytes.problem());
+    if (looksLikePng(bytes.value()))
+        return readPng(bytes.value());
+    if (looksLikePnm(bytes.value()))
+        return readPnm(bytes.value());
+    if (looksLikeTiff(bytes.value()))
+        return readTiff(path, bytes.value());
+    return Outcome<Image>::failure(QStringLiteral("this is no PNG, TIFF or PNM image"));
+}
+
+} // namespace ovl::gallery

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#include "theme.h"
+
+#include <QApplication>
+#include <QColor>
+#include <QPalette>
+#include <QStyleFactory>
+
+namespace ovl::gallery {
+namespace {
+
+const QColor kGround(0x17, 0x1a, 0x1f);
+const QColor kField(0x0f, 0x11, 0x14);
+const QColor kRaised(0x26, 0x2b, 0x33);
+const QColor kText(0xd8, 0xdd, 0xe4);
+const QColor kFaint(0x6b, 0x74, 0x82);
+const QColor kAccent(0x2f, 0x9b, 0xd8);
+
+QPalette darkPalette()
+{
+    QPalette palette(kRaised, kGround);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(role, kText);
+    palette.setColor(QPalette::Base, kField);
+    palette.setColor(QPalette::AlternateBase, kRaised);
+    palette.setColor(QPalette::ToolTipBase, kRaised);
+    palette.setColor(QPalette::ToolTipText, kText);
+    palette.setColor(QPalette::Highlight, kAccent);
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Link, kAccent);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, kFaint);
+    return palette;
+}
+
+const char* const kStyleSheet = R"(
+QMainWindow, QStatusBar, QMenuBar { background: #171a1f; }
+QMenuBar { border-bottom: 1px solid #0b0d10; padding: 1px 6px; }
+QMenuBar::item { padding: 5px 10px; border-radius: 4px; }
+QMenuBar::item:selected { background: #262b33; }
+QTabBar#pages { background: #171a1f; }
+QTabBar#pages::tab { padding: 9px 20px; color: #8b95a3; border: none;
+    border-bottom: 2px solid transparent; }
+QTabBar#pages::tab:selected { color: #ffffff; border-bottom: 2px solid #2f9bd8; }
+QTabBar#pages::tab:hover:!selected { color: #d8dde4; }
+QScrollArea#panel { border: none; border-left: 1px solid #0b0d10; background: #1c2026; }
+QScrollArea#panel > QWidget > QWidget { background: #1c2026; }
+QLabel[role="section"] { color: #8b95a3; font-weight: bold; letter-spacing: 1px;
+    padding-top: 8px; border: none; }
+QLabel[role="readout"] { color: #ffffff; }
+QFrame[role="rule"] { background: #2a3038; max-height: 1px; border: none; }
+QPushButton { background: #2a3038; border: 1px solid #39414c; border-radius: 4px; padding: 5px 12px; }
+QPushButton:hover { background: #333b45; }
+QPushButton:pressed, QPushButton:checked { background: #2f9bd8; border-color: #2f9bd8; color: white; }
+QPushButton:disabled { color: #6b7482; background: #20252b; }
+QPushButton:focus { border-color: #2f9bd8; }
+QStatusBar { border-top: 1px solid #0b0d10; color: #8b95a3; }
+QStatusBar::item { border: none; }
+QLabel#coordinates { color: #d8dde4; padding: 3px 10px; }
+QFrame#notice { background: #5a2326; border-bottom: 1px solid #0b0d10; }
+QFrame#notice QLabel { color: #ffe3e3; padding: 6px; }
+QFrame#notice QToolButton { color: #ffe3e3; border: none; padding: 4px 10px; }
+QFrame#notice[kind="remark"] { background: #4a3d1c; }
+)";
+
+} // namespace
+
+void applyTheme(QApplication& application)
+{
+    application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    application.setPalette(darkPalette());
+    application.setStyleSheet(QString::fromLatin1(kStyleSheet));
+}
+
+} // namespace ovl::gallery
