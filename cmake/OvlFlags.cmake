@@ -18,3 +18,27 @@ if(NOT OVL_SANITIZER STREQUAL "none")
     -Wno-maybe-uninitialized) # GCC loses track of values through the sanitizers' checks
   target_link_options(ovl_flags INTERFACE -fsanitize=${OVL_SANITIZER})
 endif()
+
+# ovl_compile_for_library(<target>): objects of which only the marked classes can be seen from outside,
+# and whose messages name a source file without the folders of this machine.
+function(ovl_compile_for_library target)
+  set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ON
+    CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
+  if(NOT MSVC)
+    target_compile_options(${target} PRIVATE -fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=)
+  endif()
+endfunction()
+
+# ovl_link_library(<target>): a shared library that is whole, asks for no library that it does not use,
+# and shows no template that happened to be made along the way.
+function(ovl_link_library target)
+  set_target_properties(${target} PROPERTIES
+    VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+  # The sanitizers' runtime is the program's, not the library's.
+  if(UNIX AND NOT APPLE AND OVL_SANITIZER STREQUAL "none")
+    set(map ${PROJECT_SOURCE_DIR}/cmake/exported.map)
+    target_link_options(${target} PRIVATE
+      -Wl,--no-undefined -Wl,--as-needed -Wl,--version-script=${map})
+    set_target_properties(${target} PROPERTIES LINK_DEPENDS ${map})
+  endif()
+endfunction()

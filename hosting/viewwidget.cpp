@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "viewwidget.h"
 
+#include <visualization/export.h>
 #include <visualization/vtkcompat.h>
 
 #include <vtkRenderWindowInteractor.h>
@@ -27,7 +28,7 @@ int refreshInterval(const QWidget& widget)
 
 } // namespace
 
-class AbstractViewWidget::Private {
+class OVL_HIDDEN AbstractViewWidget::Private {
 public:
     compat::HostWidget* surface = nullptr; // a child of the widget
     View* view = nullptr;

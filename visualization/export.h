@@ -9,8 +9,11 @@
 #else
 #define OVL_EXPORT __declspec(dllimport)
 #endif
+#define OVL_HIDDEN
 #else
 #define OVL_EXPORT __attribute__((visibility("default")))
+/// Marks a class inside an exported one that would be exported along with it.
+#define OVL_HIDDEN __attribute__((visibility("hidden")))
 #endif
 
 #endif

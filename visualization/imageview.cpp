@@ -69,7 +69,7 @@ QColor truncatedColor(const double* rgba)
 
 } // namespace
 
-class ImageView::Private {
+class OVL_HIDDEN ImageView::Private {
 public:
     explicit Private(QOpenGLWidget* widget);
     ~Private();

@@ -9,7 +9,7 @@
 
 namespace ovl {
 
-struct Line::Private {
+struct OVL_HIDDEN Line::Private {
     Point p1;
     Point p2;
 

@@ -10,7 +10,7 @@
 
 namespace ovl {
 
-struct Point::Private {
+struct OVL_HIDDEN Point::Private {
     double x = 0.0;
     double y = 0.0;
     bool visible = true;

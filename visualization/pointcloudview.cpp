@@ -43,7 +43,7 @@ struct CloudMemory {
 
 } // namespace
 
-class PointCloudView::Private {
+class OVL_HIDDEN PointCloudView::Private {
 public:
     explicit Private(QOpenGLWidget* widget);
     ~Private();

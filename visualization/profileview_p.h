@@ -27,7 +27,7 @@ class vtkRenderWindow;
 
 namespace ovl {
 
-class ProfileView::Private {
+class OVL_HIDDEN ProfileView::Private {
 public:
     using Column = vtkSmartPointer<vtkTypeFloat64Array>;
 

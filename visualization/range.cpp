@@ -7,7 +7,7 @@
 
 namespace ovl {
 
-struct Range::Private {
+struct OVL_HIDDEN Range::Private {
     enum { Min, Max };
     double bounds[2] = {DBL_MAX, -DBL_MAX}; // the first value accumulated becomes both
     bool empty = true;

@@ -36,7 +36,7 @@ void callIfSet(const Callback& callback, Arguments&&... arguments)
 
 } // namespace
 
-struct Shape::Private {
+struct OVL_HIDDEN Shape::Private {
     std::vector<Line> lines;
     std::vector<Point> handles; // of line i: 3i its first end, 3i + 1 its centre, 3i + 2 its second
     std::function<void()> onMousePressCallback;

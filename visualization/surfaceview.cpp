@@ -34,7 +34,7 @@ struct GridMemory {
 
 } // namespace
 
-class SurfaceView::Private {
+class OVL_HIDDEN SurfaceView::Private {
 public:
     explicit Private(QOpenGLWidget* widget);
     ~Private();
