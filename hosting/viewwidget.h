@@ -23,13 +23,15 @@ class QOpenGLWidget;
 
 namespace ovl::hosting {
 
-/** Sets what the framework wants of every OpenGL surface; called once, before QApplication is made.
+/** Sets what the framework wants of every OpenGL surface; call it once, before QApplication is
+ * made.
  */
 OVL_HOSTING_EXPORT void prepareApplication();
 
 /**
- * Owns the framework's widget and keeps it painted: at the display's pace it looks at the view's
- * isDirty(), and when the flag is up it renders the window and clears the flag.
+ * What ViewWidget is without its view: owns the framework's widget and keeps it painted: at the
+ * display's pace it looks at the view's isDirty(), and when the flag is up it renders the window
+ * and clears the flag.
  *
  * A bare QWidget::update() would only show the last frame again.
  */
@@ -40,7 +42,10 @@ public:
     /** The widget that a view is made on; fills this one. */
     QOpenGLWidget* surface() const;
 
-    /** Renders now, whether the view is dirty or not, and clears its flag. */
+    /**
+     * Renders now, whether the view is dirty or not, and clears its flag. Does nothing, and leaves
+     * the flag, while the widget is hidden or has no OpenGL context yet.
+     */
     void render();
 
 Q_SIGNALS:
@@ -48,10 +53,12 @@ Q_SIGNALS:
     void rendered();
 
 protected:
+    /** Makes the surface; nothing is painted before watch(). */
     explicit AbstractViewWidget(QWidget* parent);
     ~AbstractViewWidget() override;
 
-    /** The view to look after; null ends it. Not owned. */
+    /** The view on surface() to look after; it is rendered once in any case. Null ends it. Not
+     * owned. */
     void watch(View* view);
 
     /** Mouse events end here, as they would in any widget that uses them. */
@@ -63,7 +70,10 @@ private:
     std::unique_ptr<Private> d;
 };
 
-/** A widget that shows one view: `ViewWidget<ImageView> widget; widget.view().drawScene(...);` */
+/**
+ * A widget that shows one view and owns it: `ViewWidget<ImageView> widget;`, then
+ * `widget.view().drawScene(...)`.
+ */
 template <class ViewType> class ViewWidget : public AbstractViewWidget {
 public:
     /** What the view's constructor takes behind the widget follows the parent. */
@@ -77,6 +87,7 @@ public:
 
     ~ViewWidget() override { watch(nullptr); }
 
+    /** The view; lives as long as this widget. */
     ViewType& view() { return *shown; }
 
 private:

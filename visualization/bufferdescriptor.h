@@ -9,6 +9,7 @@ namespace ovl {
  *
  * The buffer holds the rows from top to bottom without padding; in a row the pixels from left to
  * right; in a pixel its samples side by side, colour as blue, green, red and, with four, alpha.
+ * Samples have the machine's byte order and alignment.
  */
 struct BufferDescriptor {
     /** Samples per pixel, 1 to 4. Not checked: with any other number nothing is drawn. */

@@ -27,11 +27,11 @@ public:
     /** The only instance, never null; owned by the library. */
     static CoordinatesSender* instance();
 
-    /** Emits signal_sendCoordinates. */
+    /** Emits signal_sendCoordinates(); the image view calls it. */
     static void sendCoordinate(int x, int y);
-    /** Emits signal_sendSpaceCoordinates. */
+    /** Emits signal_sendSpaceCoordinates(); the 3-D views call it. */
     static void sendSpaceCoordinate(double x, double y, double z);
-    /** Emits signal_clearCoordinates. */
+    /** Emits signal_clearCoordinates(); the image view and the 3-D views call it. */
     static void clearCoordinates();
 
 Q_SIGNALS:
@@ -39,7 +39,10 @@ Q_SIGNALS:
     void signal_clearCoordinates();
     /** Column and row of the pixel under the mouse, from 0 on; row 0 is the image's top. */
     void signal_sendCoordinates(int x, int y);
-    /** Position of the sample under the mouse, whole numbers in the host's units and order. */
+    /**
+     * Position of the surface or point under the mouse, in the host's units and order, each
+     * coordinate rounded to a whole number: halves away from zero.
+     */
     void signal_sendSpaceCoordinates(double x, double y, double z);
 
 private:

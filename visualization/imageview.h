@@ -37,7 +37,7 @@ public:
     /**
      * Attaches to `widget`, which must be the framework's Qt/OpenGL widget (not checked), must not
      * carry another view, and must outlive this one. Until the first frame the view shows a black
-     * square.
+     * square and is clean.
      */
     explicit ImageView(QOpenGLWidget* widget);
     /** Takes the view off the widget, which lives on. */
@@ -50,7 +50,8 @@ public:
     bool isDirty() const override;
 
     /**
-     * Shows `data`: `height` rows of `width` pixels as `descriptor` says. Marks the view dirty.
+     * Shows `data`: `height` rows of `width` pixels as `descriptor` says, that is
+     * `width * height * descriptor.components` samples without a gap. Marks the view dirty.
      *
      * When size or layout differ from the last frame's the camera is reset; otherwise the user's
      * pan and zoom stay. A null `data` changes nothing at all. Sizes of 0 or less are not checked;
@@ -58,7 +59,10 @@ public:
      */
     void drawScene(void* data, int width, int height, const BufferDescriptor& descriptor);
 
-    /** Draws the last buffer again, with the present settings. Marks the view dirty. */
+    /**
+     * Draws the last buffer again, with the present settings. Marks the view dirty. Before the
+     * first frame nothing else happens.
+     */
     void redraw();
 
     /**
@@ -72,27 +76,31 @@ public:
     /**
      * By how many bits each sample is shifted right; default 0. 8 shows the top byte of 16-bit
      * data. Less than 0 counts as 0; the sample's width or more leaves 0, or -1 for a negative
-     * sample.
+     * sample. shift() answers what was set.
      */
     void setShift(int shift);
     int shift();
 
     /**
      * The words that are combined with the samples of each channel while colour is forced: `index`
-     * 0 to 3 are AND words, 4 to 7 OR words, of the channels 0 to 3 in the buffer's order. OR comes
-     * first. By default a word changes nothing, but for alpha, which is set.
+     * 0 to 3 are AND words, 4 to 7 OR words, of the channels 0 to 3 in the buffer's order. They
+     * work behind the shift, OR first, cut to the width of a sample.
      *
-     * mask() answers -1 for the OR words, whatever they are. An index outside 0 to 7 is the
-     * caller's fault: it stops a debug build.
+     * AND words are 0x7FFFFFFF by default, OR words 0, but the one of channel 3 is 0x7FFFFFFF: so 8
+     * and 16-bit samples stay what they are, samples of 32 bits lose their sign, and alpha is full.
+     *
+     * mask() answers -1 for an index of 4 or more, whatever the word is. Any other index outside 0
+     * to 7 is the caller's fault: it stops a debug build, and is dropped, or answers 0, otherwise.
      */
     void setMask(int index, int value);
     int mask(int index);
 
     /**
-     * Shows every image with four components, a single channel as red, with the masks at work.
-     * Takes effect with the first frame after the call whose size or layout differs from the one
-     * before; isColorForced() answers what was asked for at once. Together with the lookup table it
-     * stays without effect on the number of components.
+     * Shows every image with four components, a single channel as red and two as red and green,
+     * with the masks at work; alpha is 255 where the buffer has none. Default off. Takes effect
+     * with the first frame after the call whose size or layout differs from the one before;
+     * isColorForced() answers what was asked for at once. Together with the lookup table the masks
+     * work, but the number of components stays the buffer's.
      */
     void forceColor(bool force);
     bool isColorForced() const;
@@ -102,15 +110,17 @@ public:
     bool lookupTableEnabled() const;
 
     /**
-     * The samples, after the shift, that get the first and the last colour of the table. An empty
-     * range is passed on as it is; the framework rejects it with an error and keeps the old one.
+     * The samples, after the shift, that get the first and the last colour of the table; default 0
+     * to 255. An empty range is passed on as it is; the framework rejects it with an error and
+     * keeps the old one.
      */
     void setLookupTableRange(const Range& range);
     Range lookupTableRange() const;
 
     /**
-     * The colour of samples above the table's range, while it is enabled. Alpha is ignored. The
-     * getter is cruder than the setter: it cuts each channel to 0 or 1 of 255.
+     * The colour of samples above the table's range, while it is enabled; default white. Alpha is
+     * ignored. The getter is cruder than the setter: it answers 1 of 255 for a channel that is
+     * full, alpha always, and 0 for any other.
      */
     void setAboveRangeColor(const QColor& color);
     QColor aboveRangeColor() const;
@@ -118,9 +128,10 @@ public:
     void enableAboveRangeColor(bool enable);
     bool aboveRangeColorEnabled() const;
 
-    /** The same for samples below the range. */
+    /** The same for samples below the range; default black. */
     void setBelowRangeColor(const QColor& color);
     QColor belowRangeColor() const;
+    /** Default off: samples below the range get the table's first colour. */
     void enableBelowRangeColor(bool enable);
     bool belowRangeColorEnabled() const;
 

@@ -19,13 +19,17 @@ public:
     Line();
     /** Between copies of the two points, their flags included. */
     Line(const Point& p1, const Point& p2);
-    Line(const Line& other);
-    Line(Line&& other) noexcept;
-    ~Line();
 
+    /** A deep copy, with ends of its own. */
+    Line(const Line& other);
     Line& operator=(const Line& other);
+
+    /** Takes over the ends of `other`, which is moved-from afterwards. */
+    Line(Line&& other) noexcept;
     /** A line that is moved onto itself is moved-from afterwards. */
     Line& operator=(Line&& other) noexcept;
+
+    ~Line();
 
     /** The ends themselves, to be changed at will; good until the line is assigned to, moved from
      * or destroyed. */
@@ -37,6 +41,8 @@ public:
 
     /** Half way between the ends, with default flags. */
     Point center() const;
+
+    /** The distance between the ends, never negative. */
     double length() const;
 
     /**

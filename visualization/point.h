@@ -20,13 +20,17 @@ public:
     Point();
     /** (x, y), visible, to be dragged along both axes. */
     Point(double x, double y);
-    Point(const Point& other);
-    Point(Point&& other) noexcept;
-    ~Point();
 
+    /** A copy of the position and of the three flags. */
+    Point(const Point& other);
     Point& operator=(const Point& other);
+
+    /** Takes over the contents of `other`, which is moved-from afterwards. */
+    Point(Point&& other) noexcept;
     /** A point that is moved onto itself is moved-from afterwards. */
     Point& operator=(Point&& other) noexcept;
+
+    ~Point();
 
     /** The coordinate while the point is visible, else a quiet NaN. */
     double x() const;
@@ -50,7 +54,7 @@ public:
     Point& operator+=(const Point& other);
     Point& operator-=(const Point& other);
 
-    /** Writes the stored coordinates, visible or not. */
+    /** Write the stored coordinates, visible or not; no flag changes. Any number is taken. */
     void set(double x, double y);
     void setX(double x);
     void setY(double y);

@@ -49,13 +49,21 @@ public:
 
     // Data. Only drawPlots() marks the view dirty; the others are seen after it.
 
+    /** How many columns the constructor made, the x column among them. */
     int numberOfCols() const;
     /** How many rows each column has; 0 at first. */
     int numberOfValues() const;
-    /** Sizes all columns. What the cells hold then is unspecified: write every one of them. */
+    /**
+     * Sizes all columns; `count` is 0 or more. What the cells hold then is unspecified: write every
+     * one of them, also those of the x column.
+     */
     void setNumberOfValues(int count);
-    /** Writes one cell; a column out of range does nothing, in a debug build too. */
+    /**
+     * Writes one cell; a NaN leaves a gap. A column out of range does nothing, in a debug build
+     * too. The x column need not be sorted, but a NaN in it makes tooltips miss points.
+     */
     void setValue(int column, int row, double value);
+    /** As setValue() with a NaN. */
     void setNanValue(int column, int row);
     /** Reads one cell; 0 outside the table, in a debug build too. */
     double value(int column, int row) const;
@@ -74,14 +82,18 @@ public:
     void setPlotTitle(int column, const QString& title);
 
     /**
-     * The format of the curve's tooltips: text with %x and %y for the point, %a and %b for what
-     * the custom tooltip functions make of it, %j for its row. Empty (the default) for the chart's
-     * own format.
+     * The format of the curve's tooltips: text with the codes %x and %y for the point, %a and %b
+     * for what the custom tooltip functions make of it, %h for y in hexadecimal, %j for the row and
+     * %l for the title. Not checked: an unknown code is shown as it stands. Empty (the default)
+     * stands for "%l: %x,  %y". Does not change how the curve is drawn.
      */
     QString plotFormat(int column) const;
     void setPlotFormat(int column, const QString& format);
 
-    /** Whether the curve is shown; default true, but false for column 0. */
+    /**
+     * Whether the curve is shown; default true, but false for column 0. The chart shows the axes of
+     * corners with a visible curve only.
+     */
     bool plotVisibility(int column) const;
     void setPlotVisibily(int column, bool visible);
 
@@ -94,12 +106,18 @@ public:
 
     /** Not what setColor() was given: black, or #000001 for a curve whose blue is full. */
     QColor color(int column) const;
-    /** Without the alpha. */
+    /**
+     * The colour of the curve, its alpha left out. At first the columns take the seven colours of
+     * the framework's first series in turn, of which the first is black, as is the background: give
+     * columns 7, 14 and so on a colour of their own.
+     */
     void setColor(int column, const QColor& color);
 
     /**
      * Give the functions behind the tooltip codes %a and %b: from the row of the point under the
-     * mouse and its x or y to the number to print. An empty function (the default) prints nothing.
+     * mouse and its x or y to the number to print. They serve all curves, and are called when a
+     * tooltip is made, from within the handling of a mouse event. An empty function (the default)
+     * prints nothing.
      */
     void xCustomTooltip(std::function<double(int, double)> function);
     void yCustomTooltip(std::function<double(int, double)> function);
@@ -147,7 +165,10 @@ public:
     bool topAxisVisibility() const;
     void setTopAxisVisibility(bool visible);
 
-    /** The home ranges, which resetView() shows; default 0 to 1000. Any two numbers will do. */
+    /**
+     * The home ranges in data units, which resetView() shows; default 0 to 1000. Any two numbers
+     * will do, also equal or reversed ones. Nothing moves before resetView().
+     */
     void setLeftRange(int minimum, int maximum);
     void setBottomRange(int minimum, int maximum);
     void setRightRange(int minimum, int maximum);
@@ -159,7 +180,10 @@ public:
      */
     Range& range(int index);
 
-    /** Whether the wheel zooms the bottom, left or right axis; default true. */
+    /**
+     * Whether the wheel zooms the bottom, left or right axis; default true. The top axis has no
+     * switch and always zooms. The band of the right button zooms all four.
+     */
     void enableHorizontalZoom(bool enabled);
     bool horizontalZoomEnabled() const;
     void enabledLeftVerticalZoom(bool enabled);
@@ -167,13 +191,20 @@ public:
     void enabledRightVerticalZoom(bool enabled);
     bool rightVerticalZoomEnabled() const;
 
-    /** Whether the mouse cursor over the chart is a cross; default false. */
+    /**
+     * Whether the mouse cursor over the chart is a cross; default false. Takes effect with the next
+     * move of the mouse. Over a shape that can be dragged it is four arrows either way.
+     */
     void setCrosshairCursor(bool crosshair);
     bool usingCrosshairCursor() const;
 
     /**
-     * Shows the home ranges. In a window that is not square the bottom or the left axis is widened
-     * for its proportions, to whole numbers; the home ranges stay. Marks the view dirty.
+     * Shows the home ranges, and tells them to the shapes. In a window of w by h pixels that is
+     * wider than high the bottom axis grows on either side by half of |L h / w - L|, where L is the
+     * length of the left range; in one that is higher than wide the left axis by half of
+     * |B w / h - B|, of the bottom range. The result is cut to whole numbers. The top and right
+     * axes and the home ranges stay. Call it again when the window's size has changed. Marks the
+     * view dirty.
      */
     void resetView();
 

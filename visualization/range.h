@@ -18,13 +18,17 @@ public:
     Range();
     /** As set(a, b). */
     Range(double a, double b);
-    Range(const Range& other);
-    Range(Range&& other) noexcept;
-    ~Range();
 
+    /** A copy of the bounds and of the empty flag. */
+    Range(const Range& other);
     Range& operator=(const Range& other);
+
+    /** Takes over the contents of `other`, which is moved-from afterwards. */
+    Range(Range&& other) noexcept;
     /** A range that is moved onto itself is moved-from afterwards. */
     Range& operator=(Range&& other) noexcept;
+
+    ~Range();
 
     /**
      * From the lesser of the two to the greater; not empty then. A NaN as `b` is passed over; with

@@ -42,15 +42,19 @@ enum PlotStackPriority : int {
  */
 class OVL_EXPORT Shape {
 public:
+    /** Without lines or callbacks, and with the defaults told below. */
     Shape();
+
     /** A deep copy: lines, handles and callbacks of its own. */
     Shape(const Shape& other);
-    Shape(Shape&& other) noexcept;
-    ~Shape();
-
     Shape& operator=(const Shape& other);
+
+    /** Takes over the contents of `other`, which is moved-from afterwards. */
+    Shape(Shape&& other) noexcept;
     /** A shape that is moved onto itself is moved-from afterwards. */
     Shape& operator=(Shape&& other) noexcept;
+
+    ~Shape();
 
     /**
      * Appends a line and its three handles: its first end, its centre and its second end. Nothing
@@ -68,6 +72,8 @@ public:
      */
     Line* line(int index) const;
     Point* handle(int index) const;
+
+    /** Handles are three times as many as lines. */
     int numberOfLines() const;
     int numberOfHandles() const;
 
@@ -103,22 +109,36 @@ public:
      */
     void shallowCopy(const Shape& other);
 
-    /** Called when the mouse is pressed inside the shape and no better one was met before. */
+    /**
+     * Called when any button is pressed inside the shape and none of a priority as high was met
+     * before. A shape that can be dragged along neither axis is not told.
+     */
     void setOnMousePressCallback(std::function<void()> callback);
     /**
      * Called at every release of any button, for every plot of the shape: twice, when lines and
      * handles are both drawn.
      */
     void setOnMouseReleaseCallback(std::function<void()> callback);
-    /** Called while the shape is dragged, with the motion since the last event in data units. */
+    /**
+     * Called at each move while the shape is dragged along that axis, with the motion since the
+     * last event in data units of the bottom or left axis.
+     */
     void setXTranslationCallback(std::function<void(double)> callback);
     void setYTranslationCallback(std::function<void(double)> callback);
-    /** Called while a handle is dragged, with its position before this motion, and the motion. */
+    /**
+     * Called at each move while a handle is dragged along that axis, with the handle's position
+     * before this motion, and the motion; both in data units. Of the two calls for one move the
+     * second, for y, gets the position that the first has left.
+     */
     void setXResizeCallback(std::function<void(const Point&, double)> callback);
     void setYResizeCallback(std::function<void(const Point&, double)> callback);
     /** Replaces the test of insidePolygon() altogether. */
     void setInsidePolygonCallback(std::function<bool(const Point&)> callback);
-    /** Asked for the text of a tooltip. */
+    /**
+     * Asked for the text of a tooltip at each move of the mouse inside the shape, without a button,
+     * and given the mouse's position in data units. Only a shape with lines that can be dragged
+     * along one axis at least is asked. The tooltip of a point of a curve or a handle goes first.
+     */
     void setShapeTooltipCallback(std::function<QString(const Point&)> callback);
 
     /** Colour of the lines; default white. */
@@ -129,7 +149,7 @@ public:
     QColor handleColor() const;
     void setHandleColor(const QColor& color);
 
-    /** Whether the user can drag the shape; default false. */
+    /** Whether the user can drag the shape, along the axes allowed below; default false. */
     bool interactive() const;
     void setInteractive(bool interactive);
 
@@ -157,12 +177,18 @@ public:
     QString title() const;
     void setTitle(const QString& title);
 
-    /** The format of the lines' tooltips; empty (the default) for the chart's own. */
+    /**
+     * The format of the lines' tooltips, see ProfileView::setPlotFormat(); empty (the default) for
+     * the chart's own.
+     */
     QString format() const;
     void setFormat(const QString& format);
 
-    /** The extent of the axes that tolerance() is a fraction of; empty at first. The view and the
-     * chart keep them up to date. */
+    /**
+     * The extent of the axes that tolerance() is a fraction of; empty at first.
+     * ProfileView::resetView() and the user's zoom set them, panning does not. After a zoom by band
+     * they are those of the top and right axes.
+     */
     void setXAxisRange(const Range& range);
     void setYAxisRange(const Range& range);
 
@@ -170,7 +196,10 @@ public:
     int identifier() const;
     void setIdentifier(int identifier);
 
-    /** How near closeToLine() wants a point, as a fraction of the axis ranges; default 0.05f. */
+    /**
+     * How near closeToLine() wants a point, as a fraction of the axis ranges; default 0.05, in
+     * single precision. Any number is taken; with 0 or less no point is close.
+     */
     double tolerance() const;
     void setTolerance(double tolerance);
 
@@ -182,11 +211,14 @@ public:
     PlotStackPriority plotStackPriority() const;
     void setPlotStackPriority(PlotStackPriority priority);
 
-    /** Edge of the square handles in pixels; default 2. */
+    /** Edge of the square handles in pixels; default 2. Not checked. */
     int handleSize() const;
     void setHandleSize(int size);
 
-    /** Which of several shapes under the mouse is taken: the one of highest priority; default 0. */
+    /**
+     * Which of several shapes under the mouse is taken: the one of highest priority, among equals
+     * the one that was added last; default 0. It does not change the order of painting.
+     */
     int priority() const;
     void setPriority(int priority);
 

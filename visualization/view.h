@@ -16,9 +16,10 @@ class View {
 public:
     virtual ~View() = default;
 
-    /** Writes the dirty flag, nothing else. Only the host ever clears it. */
+    /** Writes the dirty flag, nothing else: it asks nobody for a repaint. Only the host clears it.
+     */
     virtual void setDirty(bool dirty) = 0;
-    /** Whether the scene has changed since the host last cleared the flag. */
+    /** Whether the scene has changed since the host last cleared the flag; false at first. */
     virtual bool isDirty() const = 0;
 };
 
