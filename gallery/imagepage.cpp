@@ -74,7 +74,7 @@ void ImagePage::showSimulation() { startCamera(false); }
 
 void ImagePage::startCamera(bool colour)
 {
-    camera = &scanner.camera(colour);
+    camera = &scanner.camera(colour ? CameraKind::Colour : CameraKind::Mono);
     panel->source().showSource(colour ? 1 : 0);
     panel->setTablePossible(!colour);
     panel->suit({kCameraShift, 0, LineScanCamera::kWhite}, false);

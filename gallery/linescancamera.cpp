@@ -11,13 +11,16 @@ constexpr float kExposure = 5200.0F; // counts for a white, level spot: highligh
 constexpr float kDarkLevel = 60.0F; // counts
 constexpr float kReadNoise = 5.0F; // counts
 constexpr float kShotNoise = 0.55F; // counts for each root of a count
+constexpr float kHeightNoise = 0.004F; // mm
+constexpr float kSteepest = 2.5F; // mm of height over a mm across; more throws the light away
 
 } // namespace
 
-LineScanCamera::LineScanCamera(int width, int height, bool colour)
+LineScanCamera::LineScanCamera(int width, int height, CameraKind cameraKind)
     : columns(width)
     , rows(height)
-    , channels(colour ? 3 : 1)
+    , kind(cameraKind)
+    , channels(kind == CameraKind::Colour ? 3 : 1)
     , line(static_cast<std::size_t>(width))
     , lastHeights(line.size(), 0.0F)
     , lamp(line.size())
@@ -43,9 +46,39 @@ void LineScanCamera::advance(int count)
         belt += Conveyor::kFieldOfView / columns;
         conveyor.lineAt(belt, line);
         std::uint16_t* row = frame();
-        expose(row);
+        if (kind == CameraKind::Range)
+            measure(row);
+        else
+            expose(row);
         std::copy_n(row, rowLength(), row + mirror);
         oldest = (oldest + 1) % static_cast<std::size_t>(rows);
+    }
+}
+
+void LineScanCamera::moveTo(double position)
+{
+    const double pitch = Conveyor::kFieldOfView / columns;
+    const double missing = std::floor((position - belt) / pitch + 0.5);
+    if (missing < 0 || missing > rows) {
+        belt = position - rows * pitch;
+        advance(rows);
+    } else {
+        advance(static_cast<int>(missing));
+    }
+}
+
+/** Heights as counts; a hole and the flanks that throw the light away give none. */
+void LineScanCamera::measure(std::uint16_t* row)
+{
+    const auto perPitch = static_cast<float>(columns / Conveyor::kFieldOfView);
+    for (std::size_t column = 0; column < line.size(); ++column) {
+        const Spot& spot = line[column];
+        const float next = line[column + 1 < line.size() ? column + 1 : column].height;
+        const bool lost = spot.hole || std::abs(next - spot.height) * perPitch > kSteepest;
+        const float height = spot.height + kHeightNoise * noise.bell();
+        const float counts = height * static_cast<float>(kCountsPerMillimetre);
+        row[column] = lost ? std::uint16_t {0}
+                           : static_cast<std::uint16_t>(std::clamp(counts, 1.0F, 65535.0F));
     }
 }
 

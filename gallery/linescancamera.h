@@ -11,9 +11,16 @@
 
 namespace ovl::gallery {
 
+/** What a camera over the belt delivers. */
+enum class CameraKind {
+    Range, // heights from the laser line, 16 bits
+    Mono, // 12 bits
+    Colour, // 12 bits for each of blue, green, red
+};
+
 /**
- * A simulated 12-bit line-scan camera over a conveyor: lines come in at the bottom, the frame holds
- * the last ones.
+ * A simulated line-scan camera over a conveyor: lines come in at the bottom, the frame holds the
+ * last ones.
  *
  * The frame is one contiguous piece of memory that moves on through the camera's buffer: nothing is
  * copied or allocated per frame.
@@ -21,12 +28,15 @@ namespace ovl::gallery {
 class LineScanCamera {
 public:
     static constexpr int kWhite = 4095; // a 12-bit sensor's full scale
+    static constexpr int kCountsPerMillimetre = 5000; // of a range; 0 where no light came back
 
     /** Square pixels: the line pitch follows from the width. Full of lines from the start. */
-    LineScanCamera(int width, int height, bool colour);
+    LineScanCamera(int width, int height, CameraKind kind);
 
     /** Takes the next lines, `count` of them. */
     void advance(int count);
+    /** Takes the lines up to `position` mm; backwards, or far on, the frame is filled anew. */
+    void moveTo(double position);
 
     int width() const { return columns; }
     int height() const { return rows; }
@@ -40,10 +50,12 @@ public:
 private:
     std::size_t rowLength() const;
     void expose(std::uint16_t* row);
+    void measure(std::uint16_t* row);
     float brightness(std::size_t column) const;
 
     int columns;
     int rows;
+    CameraKind kind;
     int channels;
     Conveyor conveyor;
     Noise noise {20260801};

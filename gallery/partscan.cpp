@@ -24,17 +24,37 @@ PartScan::PartScan()
     shown.x = {0, profiler.pitch(), 2, unit};
     shown.y = {0, kProfilePitch, 2, unit};
     shown.z = {0, 1, 3, unit};
-    advance(kFirstProfiles);
+    last = shown;
+    beginPart(-1); // so that a finished part is there from the start
+    scanUpTo(kProfiles);
+    beginPart(0);
 }
 
-void PartScan::advance(int profiles)
+void PartScan::moveTo(double position)
 {
-    if (isComplete()) {
-        shown.rows = 0;
-        ++part;
-        profiles = std::max(profiles, kFirstProfiles);
+    const int wanted = Conveyor::partNumber(position);
+    if (wanted != part) {
+        if (wanted != part + 1) // gone back, or far on
+            beginPart(wanted - 1);
+        scanUpTo(kProfiles);
+        beginPart(wanted);
     }
-    const int end = std::min(shown.rows + profiles, kProfiles);
+    const double along = position - part * Conveyor::kPitch;
+    scanUpTo(static_cast<int>(along / kProfilePitch));
+}
+
+/** What was scanned last becomes the finished part; no memory is taken. */
+void PartScan::beginPart(int number)
+{
+    std::swap(shown, last);
+    part = number;
+    shown.rows = 0;
+    scanUpTo(kFirstProfiles);
+}
+
+void PartScan::scanUpTo(int profiles)
+{
+    const int end = std::min(profiles, kProfiles);
     for (; shown.rows < end; ++shown.rows) {
         const LaserProfile& profile
             = profiler.measure(part * Conveyor::kPitch + shown.rows * kProfilePitch);

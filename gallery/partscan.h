@@ -18,9 +18,8 @@ public:
 
     PartScan();
 
-    /** Adds up to `profiles` of the present part; on a finished one it begins the next. */
-    void advance(int profiles);
-    bool isComplete() const { return shown.rows == kProfiles; }
+    /** Takes the profiles up to `position` mm along the belt; each part that passes is finished. */
+    void moveTo(double position);
 
     /**
      * What has been scanned so far: the view's units are micrometres, heights are millimetres. Only
@@ -28,10 +27,16 @@ public:
      */
     const HeightMap& map() const { return shown; }
     int partNumber() const { return part; }
+    /** The part before, whole. */
+    const HeightMap& finished() const { return last; }
 
 private:
+    void scanUpTo(int profiles);
+    void beginPart(int number);
+
     LaserProfiler profiler {kSamples};
     HeightMap shown;
+    HeightMap last;
     int part = 0;
 };
 

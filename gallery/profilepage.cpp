@@ -39,7 +39,7 @@ QString scaledTitle(const QString& title, int exponent)
 
 ProfilePage::ProfilePage(ScannerSimulation& scanner, QWidget* parent)
     : Page(kFrameInterval, parent)
-    , simulation(scanner.profiler())
+    , simulation(scanner.profile())
     , panel(new ProfilePanel)
     , tools(new MeasuringTools(this))
 {

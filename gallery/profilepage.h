@@ -47,7 +47,7 @@ private:
     ProfileView& view() { return widget->view(); }
     void showEvent(QShowEvent* event) override;
 
-    ProfileSimulation simulation;
+    ProfileSimulation& simulation;
     std::optional<Table> fileTable; // the last file
     QString fileName;
     bool fileShown = false;

@@ -10,25 +10,31 @@ constexpr int kProfileSamples = 1000;
 
 } // namespace
 
-LineScanCamera& ScannerSimulation::camera(bool colour)
+LineScanCamera& ScannerSimulation::camera(CameraKind kind)
 {
-    std::unique_ptr<LineScanCamera>& camera = colour ? colourCamera : monoCamera;
+    std::unique_ptr<LineScanCamera>& camera = cameras[static_cast<std::size_t>(kind)];
     if (!camera)
-        camera = std::make_unique<LineScanCamera>(kCameraWidth, kCameraHeight, colour);
+        camera = std::make_unique<LineScanCamera>(kCameraWidth, kCameraHeight, kind);
+    camera->moveTo(belt);
     return *camera;
 }
 
-LaserProfiler& ScannerSimulation::profiler()
+ProfileSimulation& ScannerSimulation::profile()
 {
-    if (!laser)
+    if (!line) {
         laser = std::make_unique<LaserProfiler>(kProfileSamples);
-    return *laser;
+        line = std::make_unique<ProfileSimulation>(*laser);
+    }
+    if (line->position() != belt)
+        line->moveTo(belt);
+    return *line;
 }
 
 PartScan& ScannerSimulation::scan()
 {
     if (!partScan)
         partScan = std::make_unique<PartScan>();
+    partScan->moveTo(belt);
     return *partScan;
 }
 

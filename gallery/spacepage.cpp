@@ -14,7 +14,6 @@ namespace ovl::gallery {
 namespace {
 
 constexpr int kFrameInterval = 100; // ms; each frame hands over all points
-constexpr int kRest = 25; // frames
 constexpr double kHighest = 12; // mm; no part is higher
 constexpr double kBrightest = 70; // per cent of the laser's light
 constexpr double kHeightShare = 0.22; // of the longer side, for heights to be seen well
@@ -111,20 +110,15 @@ bool SpacePage::canPlay() const { return !showsFile(); }
 
 bool SpacePage::step()
 {
-    PartScan& scan = scanner.scan();
-    if (scan.isComplete() && ++rest < kRest)
-        return false;
-    rest = 0;
-    scan.advance(panel->source().speed());
+    scanner.advance(panel->source().speed() * Conveyor::kPitch / PartScan::kProfiles);
     redraw();
     return true;
 }
 
 void SpacePage::prepareForPicture()
 {
-    PartScan& scan = scanner.scan();
-    while (!showsFile() && !scan.isComplete())
-        scan.advance(PartScan::kProfiles);
+    if (!showsFile())
+        scanner.moveTo(0.999 * Conveyor::kPitch);
     redraw();
     const HeightMap& shown = map();
     const int column = shown.columns / 3;

@@ -51,7 +51,6 @@ private:
     QString fileName;
     bool fileShown = false;
     bool byIntensity = false;
-    int rest = 0; // frames for which a whole part is shown before the next
 };
 
 } // namespace ovl::gallery

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <vector>
 
+using ovl::gallery::CameraKind;
 using ovl::gallery::LineScanCamera;
 
 namespace {
@@ -20,7 +21,7 @@ Samples rows(LineScanCamera& camera, int first, int count)
 
 TEST(LineScanCamera, LinesMoveUpThroughTheFrame)
 {
-    LineScanCamera camera(64, 50, false);
+    LineScanCamera camera(64, 50, CameraKind::Mono);
     // More than a whole turn of the camera's memory, in steps that do not divide it.
     for (int i = 0; i < 20; ++i) {
         SCOPED_TRACE(i);
@@ -32,7 +33,7 @@ TEST(LineScanCamera, LinesMoveUpThroughTheFrame)
 
 TEST(LineScanCamera, SamplesFillTwelveBits)
 {
-    LineScanCamera camera(256, 200, true);
+    LineScanCamera camera(256, 200, CameraKind::Colour);
     const Samples frame = rows(camera, 0, 200);
     const auto [darkest, brightest] = std::minmax_element(frame.begin(), frame.end());
     EXPECT_LT(*darkest, 200);
@@ -41,7 +42,7 @@ TEST(LineScanCamera, SamplesFillTwelveBits)
 
 TEST(LineScanCamera, ColourHasThreeChannelsThatDiffer)
 {
-    LineScanCamera camera(256, 200, true);
+    LineScanCamera camera(256, 200, CameraKind::Colour);
     EXPECT_EQ(camera.components(), 3);
     const Samples frame = rows(camera, 0, 200);
     int blueAboveRed = 0; // the slot
@@ -56,17 +57,42 @@ TEST(LineScanCamera, ColourHasThreeChannelsThatDiffer)
 
 TEST(LineScanCamera, TwoCamerasSeeTheSame)
 {
-    LineScanCamera one(64, 50, false);
-    LineScanCamera other(64, 50, false);
+    LineScanCamera one(64, 50, CameraKind::Mono);
+    LineScanCamera other(64, 50, CameraKind::Mono);
     EXPECT_EQ(rows(one, 0, 50), rows(other, 0, 50));
 }
 
 TEST(LineScanCamera, PixelsAreSquare)
 {
-    LineScanCamera camera(128, 10, false);
+    LineScanCamera camera(128, 10, CameraKind::Mono);
     const double start = camera.position();
     camera.advance(5);
     EXPECT_DOUBLE_EQ(camera.position() - start, 5.0); // 128 mm across in 128 pixels
+}
+
+TEST(LineScanCamera, RangesAreHeightsWithGapsWhereNoLightComesBack)
+{
+    LineScanCamera camera(256, 200, CameraKind::Range);
+    EXPECT_EQ(camera.components(), 1);
+    const Samples frame = rows(camera, 0, 200);
+    const int boss = 11 * LineScanCamera::kCountsPerMillimetre; // the highest of the part
+    EXPECT_NEAR(*std::max_element(frame.begin(), frame.end()), boss, 200);
+    const auto lost = std::count(frame.begin(), frame.end(), 0);
+    EXPECT_GT(lost, 50);
+    EXPECT_LT(lost, 256 * 200 / 4);
+}
+
+TEST(LineScanCamera, FollowsTheBelt)
+{
+    LineScanCamera camera(128, 40, CameraKind::Range);
+    camera.moveTo(60);
+    EXPECT_NEAR(camera.position(), 60, 0.5);
+    camera.moveTo(63.2); // less than a frame: the lines move up
+    EXPECT_NEAR(camera.position(), 63.2, 0.5);
+    camera.moveTo(500);
+    EXPECT_NEAR(camera.position(), 500, 0.5);
+    camera.moveTo(10);
+    EXPECT_NEAR(camera.position(), 10, 0.5);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
+using ovl::gallery::Conveyor;
 using ovl::gallery::Extent;
 using ovl::gallery::extentOf;
 using ovl::gallery::HeightMap;
@@ -12,42 +13,60 @@ using ovl::gallery::PartScan;
 
 namespace {
 
-TEST(PartScan, GrowsFromTwoRowsToTheWholePart)
+TEST(PartScan, GrowsWithTheBelt)
 {
     PartScan scan;
     EXPECT_EQ(scan.map().rows, 2) << "no surface has fewer";
-    scan.advance(10);
-    EXPECT_EQ(scan.map().rows, 12);
-    EXPECT_FALSE(scan.isComplete());
-    scan.advance(1000);
-    EXPECT_EQ(scan.map().rows, PartScan::kProfiles);
-    EXPECT_TRUE(scan.isComplete());
+    scan.moveTo(Conveyor::kPitch / 4);
+    EXPECT_EQ(scan.map().rows, PartScan::kProfiles / 4);
+    scan.moveTo(Conveyor::kPitch / 4);
+    EXPECT_EQ(scan.map().rows, PartScan::kProfiles / 4) << "a belt that stands brings nothing";
+    EXPECT_EQ(scan.partNumber(), 0);
 }
 
-TEST(PartScan, BeginsTheNextPartAfterAWholeOne)
+TEST(PartScan, APartThatPassesIsFinishedAndTheNextOneBegins)
 {
     PartScan scan;
-    scan.advance(PartScan::kProfiles);
-    EXPECT_EQ(scan.partNumber(), 0);
-    scan.advance(1);
+    EXPECT_EQ(scan.finished().rows, PartScan::kProfiles) << "there from the start";
+    scan.moveTo(0.75 * Conveyor::kPitch);
+    const std::vector<float> before(
+        scan.map().heights.begin(), scan.map().heights.begin() + 50 * PartScan::kSamples);
+    scan.moveTo(1.01 * Conveyor::kPitch);
     EXPECT_EQ(scan.partNumber(), 1);
-    EXPECT_EQ(scan.map().rows, 2);
+    EXPECT_EQ(scan.map().rows, PartScan::kProfiles / 100);
+    const HeightMap& whole = scan.finished();
+    ASSERT_EQ(whole.rows, PartScan::kProfiles);
+    for (std::size_t i = 0; i < before.size(); ++i)
+        ASSERT_TRUE(std::isnan(before[i]) || whole.heights[i] == before[i]) << i;
+}
+
+TEST(PartScan, GoesBackAndFarOn)
+{
+    PartScan scan;
+    for (const double position : {730.0, 20.0, 150.0}) {
+        SCOPED_TRACE(position);
+        scan.moveTo(position);
+        EXPECT_EQ(scan.partNumber(), Conveyor::partNumber(position));
+        EXPECT_EQ(scan.finished().rows, PartScan::kProfiles);
+    }
 }
 
 TEST(PartScan, TakesItsMemoryOnce)
 {
     PartScan scan;
-    const float* heights = scan.map().heights.data();
-    for (int i = 0; i < 50; ++i)
-        scan.advance(20);
-    EXPECT_EQ(scan.map().heights.data(), heights);
+    const float* one = scan.map().heights.data();
+    const float* other = scan.finished().heights.data();
+    for (int i = 0; i < 50; ++i) {
+        scan.moveTo(7.0 * i);
+        const float* now = scan.map().heights.data();
+        ASSERT_TRUE(now == one || now == other);
+    }
 }
 
 TEST(PartScan, HoldsThePartWithSomeDropOuts)
 {
     PartScan scan;
-    scan.advance(PartScan::kProfiles);
-    const HeightMap& map = scan.map();
+    const HeightMap& map = scan.finished();
     const Extent extent = extentOf(map.heights, map.samples());
     EXPECT_NEAR(extent.smallest, 0.0, 0.1) << "the belt";
     EXPECT_NEAR(extent.largest, 11.0, 0.1) << "the boss";
