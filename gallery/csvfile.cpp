@@ -17,6 +17,8 @@ using Failure = Outcome<Table>;
 
 constexpr std::size_t kMostColumns = 64; // more curves than anybody can tell apart
 constexpr int kNamedLines = 8; // bad lines told one by one
+constexpr double kReadShare = 0.2; // of the time; the rest is parsing
+constexpr int kLinesAtOnce = 1024; // between two looks at the progress
 
 /** Splits lines into fields; keeps its memory from line to line. */
 class FieldSplitter {
@@ -102,10 +104,18 @@ QString headerProblem(const std::vector<std::string>& titles)
     return QString();
 }
 
-void readRows(std::string_view rest, FieldSplitter& splitter, bool decimalComma, Table& table)
+/** False when it was told to stop. */
+bool readRows(std::string_view rest, FieldSplitter& splitter, bool decimalComma, Table& table,
+    const Stage& stage)
 {
+    const auto size = static_cast<double>(rest.size());
     std::vector<double> row(table.columns.size());
     for (int line = 2; !rest.empty(); ++line) {
+        if (line % kLinesAtOnce == 0) {
+            if (stage.isCancelled())
+                return false;
+            stage.reach(1 - static_cast<double>(rest.size()) / size);
+        }
         const std::string_view text = takeLine(rest);
         if (trimmed(text).empty())
             continue;
@@ -116,13 +126,14 @@ void readRows(std::string_view rest, FieldSplitter& splitter, bool decimalComma,
         for (std::size_t column = 0; column < row.size(); ++column)
             table.columns[column].push_back(row[column]);
     }
+    return true;
 }
 
 } // namespace
 
-Outcome<Table> readCsvFile(const QString& path)
+Outcome<Table> readCsvFile(const QString& path, Progress* progress)
 {
-    Outcome<QByteArray> bytes = readFileBytes(path);
+    Outcome<QByteArray> bytes = readFileBytes(path, Stage(progress, 0, kReadShare));
     if (!bytes)
         return Failure::failure(bytes.problem());
     std::string_view rest(
@@ -142,7 +153,8 @@ Outcome<Table> readCsvFile(const QString& path)
     table.columns.resize(titles.size());
     for (const std::string& title : titles)
         table.titles.append(QString::fromUtf8(title.c_str()).trimmed());
-    readRows(rest, splitter, separator == ';', table);
+    if (!readRows(rest, splitter, separator == ';', table, Stage(progress, kReadShare, 1)))
+        return Failure::failure(QString::fromLatin1(kCancelled));
     if (table.rows() == 0) {
         const QString bad = badLinesText(table);
         return Failure::failure(

@@ -3,6 +3,7 @@
 #define OVL_GALLERY_FILEBYTES_H
 
 #include "outcome.h"
+#include "progress.h"
 
 #include <QByteArray>
 #include <QString>
@@ -11,7 +12,7 @@ namespace ovl::gallery {
 
 /** The whole of a file, or why it cannot be had: missing, a folder, empty, too large, unreadable.
  */
-Outcome<QByteArray> readFileBytes(const QString& path);
+Outcome<QByteArray> readFileBytes(const QString& path, const Stage& stage = Stage());
 
 /**
  * Whether an image of this many bytes can honestly come out of a file of `fileSize` bytes, when the

@@ -18,6 +18,7 @@ namespace {
 using Failure = Outcome<HeightMap>;
 
 constexpr double kLargestSide = 100000;
+constexpr double kReadShare = 0.2; // of the time; the rest is parsing
 
 QString atLine(int line, const QString& problem)
 {
@@ -27,8 +28,9 @@ QString atLine(int line, const QString& problem)
 /** Reads line by line; the first problem ends it. */
 class GridReader {
 public:
-    explicit GridReader(std::string_view text)
-        : rest(text)
+    GridReader(std::string_view text, const Stage& parsing)
+        : stage(parsing)
+        , rest(text)
         , size(text.size())
     {
     }
@@ -107,6 +109,9 @@ private:
 
     QString readRow(int row, HeightMap& map)
     {
+        if (stage.isCancelled())
+            return QString::fromLatin1(kCancelled);
+        stage.reach(static_cast<double>(row) / map.rows);
         if (trimmed(rest).empty())
             return atLine(line + 1,
                 QStringLiteral("the file ends after %1 of %2 rows").arg(row).arg(map.rows));
@@ -163,6 +168,7 @@ private:
         map.z = {0, 1, 1, QString()};
     }
 
+    Stage stage;
     std::string_view rest;
     std::size_t size;
     int line = 0; // the last one read
@@ -171,13 +177,14 @@ private:
 
 } // namespace
 
-Outcome<HeightMap> readGridFile(const QString& path)
+Outcome<HeightMap> readGridFile(const QString& path, Progress* progress)
 {
-    Outcome<QByteArray> bytes = readFileBytes(path);
+    Outcome<QByteArray> bytes = readFileBytes(path, Stage(progress, 0, kReadShare));
     if (!bytes)
         return Failure::failure(bytes.problem());
     HeightMap map;
-    GridReader reader({bytes.value().constData(), static_cast<std::size_t>(bytes.value().size())});
+    GridReader reader({bytes.value().constData(), static_cast<std::size_t>(bytes.value().size())},
+        Stage(progress, kReadShare, 1));
     const QString problem = reader.read(map);
     if (!problem.isEmpty())
         return Failure::failure(problem);

@@ -4,6 +4,7 @@
 
 #include "heightmap.h"
 #include "outcome.h"
+#include "progress.h"
 
 #include <QString>
 
@@ -14,7 +15,7 @@ namespace ovl::gallery {
  * yllcenter, cellsize and, optionally, NODATA_value), then one line for each row from north to
  * south. Samples without data become NaN. A line that does not fit is named.
  */
-Outcome<HeightMap> readGridFile(const QString& path);
+Outcome<HeightMap> readGridFile(const QString& path, Progress* progress = nullptr);
 
 } // namespace ovl::gallery
 

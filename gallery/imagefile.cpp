@@ -13,9 +13,10 @@ bool looksLikeImage(const QByteArray& beginning)
     return looksLikePng(beginning) || looksLikeTiff(beginning) || looksLikePnm(beginning);
 }
 
-Outcome<Image> readImageFile(const QString& path)
+Outcome<Image> readImageFile(const QString& path, Progress* progress)
 {
-    Outcome<QByteArray> bytes = readFileBytes(path);
+    constexpr double kReadShare = 0.5; // of the time; decoding cannot be stopped
+    Outcome<QByteArray> bytes = readFileBytes(path, Stage(progress, 0, kReadShare));
     if (!bytes)
         return Outcome<Image>::failure(bytes.problem());
     if (looksLikePng(bytes.value()))
