@@ -54,12 +54,40 @@ struct Piece {
     }
 };
 
+/** Pixels that lie without a gap in both images: rows side by side, mostly. */
+template <class In, class Out> struct Run {
+    const In* in = nullptr;
+    const In* inEnd = nullptr;
+    Out* out = nullptr;
+    Out* outEnd = nullptr;
+
+    bool goesOnWith(const In* nextIn, const Out* nextOut) const
+    {
+        // Not endless, since the progress is reported while a run is gathered.
+        constexpr std::ptrdiff_t longest = 1 << 16;
+        return nextIn == inEnd && nextOut == outEnd && outEnd - out < longest;
+    }
+};
+
+/**
+ * Corrects as long runs as there are. Each has its beginning and end beside the cache lines'
+ * borders, and a row on its own would be read ahead no further than it reaches.
+ */
 template <class In, class Out, class InIterator, class CorrectSpan>
 void correctSpans(const Piece& piece, InIterator in, CorrectSpan correctSpan)
 {
     vtkImageProgressIterator<Out> out(piece.output, piece.extent, piece.filter, piece.id);
-    for (; !out.IsAtEnd(); in.NextSpan(), out.NextSpan())
-        correctSpan(in.BeginSpan(), in.EndSpan(), out.BeginSpan());
+    Run<In, Out> run;
+    for (; !out.IsAtEnd(); in.NextSpan(), out.NextSpan()) {
+        if (!run.goesOnWith(in.BeginSpan(), out.BeginSpan())) {
+            correctSpan(run.in, run.inEnd, run.out);
+            run.in = in.BeginSpan();
+            run.out = out.BeginSpan();
+        }
+        run.inEnd = in.EndSpan();
+        run.outEnd = out.EndSpan();
+    }
+    correctSpan(run.in, run.inEnd, run.out);
 }
 
 /** What is read and written of the whole frame, of which the piece is a part. */

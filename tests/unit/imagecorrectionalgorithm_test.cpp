@@ -707,6 +707,27 @@ TEST(ImageCorrectionAlgorithm, WritesOnlyInsideThePieceItIsGiven)
             }
 }
 
+// Rows that follow each other without a gap in both images may be corrected in one go, others not.
+TEST(ImageCorrectionAlgorithm, RowsMayHaveGapsInEitherImageAlone)
+{
+    const Extent part = {3, 63, 1, 9, 0, 1};
+    const Extent wider = {0, 70, 1, 9, 0, 1};
+    const SampleType& type = typeOf(VTK_SHORT);
+    auto wide = makeInput(type, 3, wider);
+    auto narrow = makeImage(type.code, 3, part);
+    fill(narrow, divide(wide, part).inside);
+    auto expected = makeImage(type.code, 3, part);
+    fill(expected, expectedImage(narrow, type, type, 3, {}));
+    vtkNew<OpenFilter> filter;
+    for (const auto& [input, outside] : {std::pair(wide, part), std::pair(narrow, wider)}) {
+        auto output = makeMarkedOutput(type.code, 3, outside);
+        filter->correct(input, output, part);
+        EXPECT_EQ(divide(output, part).inside, bytesOf(expected));
+        for (std::byte byte : divide(output, part).outside)
+            ASSERT_EQ(byte, std::byte {0xCD});
+    }
+}
+
 TEST(ImageCorrectionAlgorithm, AnEmptyPieceWritesNothing)
 {
     auto input = makeInput(typeOf(VTK_SHORT), 1);
