@@ -12,17 +12,20 @@
 #include "range.h"
 #include "shape.h"
 
+#include <vtkContextMapper2D.h>
 #include <vtkContextView.h>
+#include <vtkPlot.h>
 #include <vtkSmartPointer.h>
 #include <vtkTable.h>
 #include <vtkTypeFloat64Array.h>
+#include <vtkWeakPointer.h>
 
 #include <array>
 #include <memory>
+#include <string>
 #include <vector>
 
 class vtkAxis;
-class vtkPlot;
 class vtkRenderWindow;
 
 namespace ovl {
@@ -35,10 +38,23 @@ public:
     struct PointTable {
         void setRows(int count);
         void setRow(int row, const Point& point);
+        /** SetInputData() of the plot with the two columns, by the mapper kept if there is one. */
+        void feed(vtkPlot* newPlot);
+        /** Takes the mapper out of the plot that is about to go. */
+        void keepMapper();
 
         vtkSmartPointer<vtkTable> table = vtkSmartPointer<vtkTable>::New();
         Column x = Column::New();
         Column y = Column::New();
+
+    private:
+        bool isFed() const;
+
+        vtkWeakPointer<vtkPlot> plot; // the last one that was fed
+        vtkSmartPointer<vtkContextMapper2D> mapper; // of a plot that has gone
+        vtkMTimeType fedAt = 0; // the mapper's time then; any other hand leaves a later one
+        std::string xName; // what the mapper looks for
+        std::string yName;
     };
 
     /** Of each line both ends, one after the other; and of each handle its place. */
@@ -97,13 +113,14 @@ public:
     void eraseShape(std::size_t index);
     void update(std::size_t index, const Shape& shape);
     Shape* shapeAt(std::size_t index);
+    void keepMappers();
     void removeShapePlots();
     void drawShape(std::size_t index);
     vtkPlot* addHandlePlot(std::size_t index);
     vtkPlot* addLinePlot(std::size_t index);
     /** Gives a plot what lines and handles take over alike, and answers its own part of the rest.
      */
-    Plot* dress(vtkPlot* plot, std::size_t index, const PointTable& points, const QColor& color);
+    Plot* dress(vtkPlot* plot, std::size_t index, PointTable& points, const QColor& color);
     void showOrHide(vtkPlot* plot);
 
     // Released in reverse order: the chart goes before the view of it, the plots with the chart.

@@ -3,6 +3,7 @@
 #include "line.h"
 #include "profileview.h"
 #include "profileview_p.h"
+#include "vtkcompat.h"
 
 #include <vtkPen.h>
 #include <vtkPlot.h>
@@ -68,6 +69,37 @@ void ProfileView::Private::PointTable::setRow(int row, const Point& point)
 {
     x->SetValue(row, point.x());
     y->SetValue(row, point.y());
+}
+
+// A plot's mapper becomes part of a pipeline with SetInputData(), and the framework looks for lost
+// cycles in it at each of the steps: that costs ten times as much as the rest of the plot. Handed
+// on from the plot that goes to the one that comes, the mapper is not counted up and down, and so
+// it is not looked at.
+void ProfileView::Private::PointTable::keepMapper()
+{
+    constexpr int chartAndCorner = 2; // whoever else holds the plot may ask it for its data
+    if (plot && plot->GetReferenceCount() == chartAndCorner)
+        compat::handOver(compat::PlotMapperAccess::mapper(plot), mapper);
+    plot = nullptr;
+}
+
+bool ProfileView::Private::PointTable::isFed() const
+{
+    return mapper && mapper->GetMTime() == fedAt && xName == x->GetName() && yName == y->GetName();
+}
+
+void ProfileView::Private::PointTable::feed(vtkPlot* newPlot)
+{
+    if (isFed()) {
+        compat::handOver(mapper, compat::PlotMapperAccess::mapper(newPlot));
+    } else {
+        newPlot->SetInputData(table, 0, 1);
+        fedAt = newPlot->GetData()->GetMTime();
+        xName = x->GetName();
+        yName = y->GetName();
+    }
+    mapper = nullptr;
+    plot = newPlot;
 }
 
 void ProfileView::Private::ShapeTables::fill(const Shape& shape)
@@ -238,6 +270,13 @@ Shape* ProfileView::shape(int identifier)
     return d->shapeAt(d->find("ProfileView::shape", identifier));
 }
 
+void ProfileView::Private::keepMappers()
+{
+    for (ShapeTables& tables : shapeTables)
+        for (PointTable* points : {&tables.lines, &tables.handles})
+            points->keepMapper();
+}
+
 void ProfileView::Private::removeShapePlots()
 {
     std::vector<vtkPlot*> all = shapePlots;
@@ -248,10 +287,10 @@ void ProfileView::Private::removeShapePlots()
 }
 
 Plot* ProfileView::Private::dress(
-    vtkPlot* plot, std::size_t index, const PointTable& points, const QColor& color)
+    vtkPlot* plot, std::size_t index, PointTable& points, const QColor& color)
 {
     Shape& shape = shapes[index];
-    plot->SetInputData(points.table, 0, 1);
+    points.feed(plot);
     plot->SetInteractive(shape.interactive());
     plot->SetVisible(shape.visible());
     plot->SetColor(color.redF(), color.greenF(), color.blueF());
@@ -265,7 +304,7 @@ Plot* ProfileView::Private::dress(
 vtkPlot* ProfileView::Private::addHandlePlot(std::size_t index)
 {
     const Shape& shape = shapes[index];
-    const PointTable& points = shapeTables[index].handles;
+    PointTable& points = shapeTables[index].handles;
     setName(points.y, shape.title() + "_handle"); // before the plot asks for it
     vtkPlot* plot = chart->AddPlot(vtkChart::POINTS);
     Plot* part = dress(plot, index, points, shape.handleColor());
@@ -281,7 +320,7 @@ vtkPlot* ProfileView::Private::addHandlePlot(std::size_t index)
 vtkPlot* ProfileView::Private::addLinePlot(std::size_t index)
 {
     const Shape& shape = shapes[index];
-    const PointTable& points = shapeTables[index].lines;
+    PointTable& points = shapeTables[index].lines;
     setName(points.y, shape.title());
     vtkPlot* plot = chart->AddPlot(vtkChart::LINE);
     Plot* part = dress(plot, index, points, shape.color());
@@ -314,6 +353,7 @@ void ProfileView::Private::drawShape(std::size_t index)
 
 void ProfileView::drawShapes()
 {
+    d->keepMappers();
     d->removeShapePlots();
     for (std::size_t i = 0; i < d->shapes.size(); ++i)
         if (d->hasShape("ProfileView::drawShapes", i))

@@ -13,12 +13,17 @@
 #endif
 
 #include <vtkCellArray.h>
+#include <vtkContextMapper2D.h>
 #include <vtkGenericOpenGLRenderWindow.h>
 #include <vtkPlotBar.h>
 #include <vtkPlotPoints.h>
 #include <vtkPoints2D.h>
 #include <vtkRect.h>
+#include <vtkSmartPointer.h>
 #include <vtkVector.h>
+
+#include <new>
+#include <utility>
 
 namespace ovl::compat {
 
@@ -138,6 +143,24 @@ struct PlotPointsAccess : vtkPlotPoints {
         return (plot->*(&PlotPointsAccess::BuildTime)).GetMTime();
     }
 };
+
+/** Opens what a plot takes its columns from. */
+struct PlotMapperAccess : vtkPlot {
+    static vtkSmartPointer<vtkContextMapper2D>& mapper(vtkPlot* plot)
+    {
+        return plot->*(&PlotMapperAccess::Data);
+    }
+};
+
+/** Puts what `from` holds in the place of what `to` holds. Nothing is counted up and down again. */
+template <class T> void handOver(vtkSmartPointer<T>& from, vtkSmartPointer<T>& to)
+{
+    using Pointer = vtkSmartPointer<T>;
+    const Pointer old(std::move(to));
+    to.~Pointer(); // there is no assignment that moves
+    new (&to) Pointer(std::move(from));
+    from = nullptr; // for 8.1, which only copies
+}
 
 #if VTK_MAJOR_VERSION >= 9
 /** Before 9 the plots answered where the point is in plot space; now these answer in data units. */

@@ -411,6 +411,49 @@ TEST_F(ProfileViewShapes, DrawingTwiceIsDrawingOnceWithNewPlots)
     EXPECT_NE(linePlots()[0], before);
 }
 
+TEST_F(ProfileViewShapes, APlotThatSomebodyElseHoldsKeepsItsTableWhenItIsReplaced)
+{
+    add("A");
+    f.view->drawShapes();
+    const vtkSmartPointer<vtkPlot> held = linePlots()[0];
+    f.view->drawShapes();
+    f.view->drawShapes();
+    EXPECT_EQ(held->GetInput(), linePlots()[0]->GetInput());
+    EXPECT_EQ(held->GetLabel(), "A");
+    EXPECT_NE(held->GetData(), linePlots()[0]->GetData());
+}
+
+TEST_F(ProfileViewShapes, EveryDrawingTakesTheColumnsByTheirPresentNames)
+{
+    add("A");
+    for (const char* title : {"B", "B", "C"}) {
+        f.view->drawShapes();
+        f.view->shape(0)->setTitle(title);
+        f.view->drawShapes();
+        EXPECT_EQ(linePlots()[0]->GetLabel(), title);
+        EXPECT_EQ(handlePlots()[0]->GetLabel(), std::string(title) + "_handle");
+        f.render();
+        for (const std::vector<vtkPlot*>& plots : {linePlots(), handlePlots()}) {
+            double bounds[4];
+            plots[0]->GetBounds(bounds);
+            EXPECT_EQ(bounds[0], cell(plots[0], 0, 0)); // its points are there
+        }
+    }
+}
+
+TEST_F(ProfileViewShapes, DrawingUndoesWhatSomebodyElseHasFedAPlotWith)
+{
+    add("AB");
+    f.view->drawShapes();
+    vtkTable* own = linePlots()[0]->GetInput();
+    linePlots()[0]->SetInputData(linePlots()[1]->GetInput(), 0, 1);
+    handlePlots()[0]->SetInputArray(1, "A_handle_x");
+    f.view->drawShapes();
+    EXPECT_EQ(linePlots()[0]->GetInput(), own);
+    EXPECT_EQ(handlePlots()[0]->GetLabel(), "A_handle");
+    EXPECT_EQ(drawn(), "A0 B10 ");
+}
+
 TEST_F(ProfileViewShapes, TheHandlePlotOfAShapeComesIntoTheChartFirst)
 {
     add("AB");
