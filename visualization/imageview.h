@@ -105,7 +105,11 @@ public:
     void forceColor(bool force);
     bool isColorForced() const;
 
-    /** Maps samples through the lookup table, at first a grey ramp over 0 to 255. Default off. */
+    /**
+     * Maps samples through the lookup table, at first a grey ramp over 0 to 255. Default off. Meant
+     * for images with one channel: of several the first that is shown is mapped, of three or four
+     * red, and of 8-bit samples the last that is shown becomes the opacity.
+     */
     void enableLookupTable(bool enable);
     bool lookupTableEnabled() const;
 
