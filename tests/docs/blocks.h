@@ -18,6 +18,7 @@
 #include <QColor>
 #include <QLabel>
 #include <QObject>
+#include <QOpenGLWidget>
 #include <QString>
 #include <QTimer>
 

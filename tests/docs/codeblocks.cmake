@@ -42,7 +42,8 @@ function(ovl_code_blocks document folder text_variable files_variable)
         ovl_write_if_changed("${file}" "#line ${start} \"${document}\"\n${code}")
         list(APPEND files "${file}")
       elseif(given)
-        string(APPEND text "namespace ${name}_${start} {\nvoid block(${given})\n{\n"
+        string(APPEND text "#line ${start} \"${document}\"\n"
+          "namespace ${name}_${start} {\nvoid block(${given})\n{\n"
           "#line ${start} \"${document}\"\n${code}}\n}\n")
       else()
         string(APPEND text "namespace ${name}_${start} {\n"
