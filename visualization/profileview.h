@@ -25,7 +25,18 @@ class Shape;
  * n + 1 columns. A curve is a row of small square markers; a NaN leaves a gap in it.
  *
  * The user pans with the left button, zooms with the right button or the wheel, and reads values
- * from tooltips. Shapes may be laid over the curves, for the user to grab, move and resize.
+ * from tooltips; all of that marks the view dirty. Shapes may be laid over the curves, for the user
+ * to grab, move and resize.
+ *
+ * Of the calls only drawPlots(), resetView(), drawShapes() and redrawShapes() mark the view dirty.
+ * Titles, colours and switches act on the chart at once, unless told otherwise, and are seen at the
+ * next repaint, for which the host calls setDirty(true). What is written into the table is seen
+ * after drawPlots().
+ *
+ * Shapes are kept as copies of the host's. addShape(), updateShape() and the removals change the
+ * copies; drawShapes() makes them seen. Until then the chart holds pointers to the old ones: call
+ * it before the next mouse event. Within a shape's callback only shape() may be called. Curves are
+ * painted over shapes, handles over lines, and an earlier shape over a later one.
  *
  * A column, row, axis or index out of range is the caller's fault: it stops a debug build, except
  * in value() and setValue() where told; a release build ignores it and answers an empty value.
@@ -47,7 +58,7 @@ public:
     void setDirty(bool dirty) override;
     bool isDirty() const override;
 
-    // Data. Only drawPlots() marks the view dirty; the others are seen after it.
+    // Data.
 
     /** How many columns the constructor made, the x column among them. */
     int numberOfCols() const;
@@ -70,7 +81,7 @@ public:
     /** Shows the table as it is now, at the scale that the axes have. Marks the view dirty. */
     void drawPlots();
 
-    // Curves. These act on the chart at once but leave the dirty flag alone.
+    // Curves.
 
     /**
      * The column's name, which the legend shows; "plot0", "plot1" and so on at first. Only ASCII is
@@ -122,8 +133,7 @@ public:
     void xCustomTooltip(std::function<double(int, double)> function);
     void yCustomTooltip(std::function<double(int, double)> function);
 
-    // The frame. Setters act on the chart at once, unless told otherwise; none marks the view
-    // dirty.
+    // The frame.
 
     /** The chart's title; default "Chart". */
     QString title() const;
@@ -208,11 +218,7 @@ public:
      */
     void resetView();
 
-    // Shapes. The view keeps copies of the host's shapes; addShape(), updateShape() and the
-    // removals change these only. drawShapes() makes them seen; until then the chart holds pointers
-    // to the old ones, so call it before the next mouse event. Curves are painted over shapes,
-    // handles over lines, and an earlier shape over a later one. None of these may be called from
-    // within a shape's callback, except shape().
+    // Shapes.
 
     /** Appends a copy. Titles and identifiers need not be unique. Ends the validity of pointers
      * from shape(). */
@@ -228,7 +234,8 @@ public:
     void updateShape(const QString& title, const Shape& shape);
 
     /**
-     * Removes the first shape with that identifier. Prefer it to removal by title.
+     * Removes the first shape with that identifier; does nothing when there is none. Its plots stay
+     * in the chart until drawShapes(). Prefer it to removal by title.
      */
     void removeShape(int identifier);
     /**
@@ -238,7 +245,7 @@ public:
      * at in a debug build and leaves out in a release build.
      */
     void removeShape(const QString& title);
-    /** Removes all shapes, from the chart too. */
+    /** Removes all shapes, from the chart too; seen at the next repaint. */
     void clearShape();
 
     /**
@@ -255,7 +262,7 @@ public:
      * shape drawn must have a line, and none may have been added or removed since.
      */
     void redrawShapes();
-    /** Does nothing. */
+    /** Does nothing; kept for hosts that call it. */
     void updateDepthPriority();
 
 private:

@@ -26,7 +26,8 @@ namespace ovl {
  *
  * The left button turns the camera, the middle one pans, the right one and the wheel dolly; that
  * marks the view dirty. Every move of the mouse publishes the sample under it through
- * CoordinatesSender, whole numbers in the host's units.
+ * CoordinatesSender, whole numbers in the host's units, or that there is none. Keys of the
+ * framework act too: r frames the scene, w and s show wires and surfaces.
  *
  * Nothing is reported and no argument is refused, unless said below. All calls belong on the GUI
  * thread.
@@ -78,7 +79,8 @@ public:
     void drawScene();
     /**
      * Frames the data from its ranges: looks at their middle, with z upwards, from the point that
-     * the position corrections name, at four times the distance. Marks the view dirty.
+     * the position corrections name, at four times the distance. Marks the view dirty. With an
+     * empty range the camera gets no usable place until the next call.
      */
     void resetCamera();
 
