@@ -1,6 +1,7 @@
-# Doxygen's input filter: a comment in our headers stands for all the declarations under it up to an
-# empty line, as in a pair of setter and getter. Doxygen wants such a group marked; the marks go on
-# lines that are there, so that the numbers in its warnings stay right.
+# Doxygen's input filter. A comment in our headers stands for all the declarations under it up to an
+# empty line, as in a pair of setter and getter; Doxygen wants such a group marked. The marks go on
+# lines that are there, so that the numbers in its warnings stay right. A percent sign, as in the codes of
+# tooltips, would be taken for an escape.
 
 function flush_comment_and_declarations() {
     if (declarations > 1 && !opened) {
@@ -40,6 +41,8 @@ state == "declarations" { read_declaration(); next }
 state == "outside" && /^[ \t]*\/\*\*/ { state = "comment" }
 
 state == "comment" {
+    if (!/"[^"]*%/) # within quotation marks it is none
+        gsub(/%/, "\\%")
     keep()
     if (/\*\//)
         state = "declarations"
