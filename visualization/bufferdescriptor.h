@@ -12,13 +12,15 @@ namespace ovl {
  * Samples have the machine's byte order and alignment.
  */
 struct BufferDescriptor {
-    /** Samples per pixel, 1 to 4. Not checked: with any other number nothing is drawn. */
+    /** Samples per pixel, 1 to 4. Not checked: with any other number what is shown means nothing.
+     */
     int components = 1;
 
     /**
      * Type of one sample: 1 signed 16 bits, 2 unsigned 16 bits, 3 signed 32 bits, 4 float, 5
      * double; 0 and any other value mean unsigned 8 bits. Float and double are accepted but have no
-     * way to the screen: the framework reports an error at the next repaint and shows no image.
+     * way to the screen: the framework reports an error at the next repaint, and what is shown
+     * means nothing.
      */
     int sampleType = 0;
 };

@@ -11,7 +11,7 @@
 namespace ovl {
 
 /**
- * Tells the host what lies under the mouse.
+ * Tells the host what lies under the mouse in an image or a 3-D view. A chart has tooltips instead.
  *
  * There is one sender for all views; it exists from the moment the library is loaded. The host
  * connects its slots to instance() once. A signal does not say which view it comes from. Signals

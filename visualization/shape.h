@@ -157,11 +157,14 @@ public:
     bool hasPlot() const;
     void setHasPlot(bool hasPlot);
 
-    /** Whether lines have tooltips; default true. */
+    /**
+     * Whether the ends of the lines have tooltips, in format(); default true. The text of the
+     * tooltip callback is shown either way.
+     */
     bool tooltipsVisibility() const;
     void setTooltipsVisibility(bool visible);
 
-    /** Whether handles have tooltips; default true. */
+    /** Whether handles have tooltips, in the chart's own format; default true. */
     bool handleTooltipVisibility() const;
     void setHandleTooltipVisibility(bool visible);
 
@@ -230,7 +233,7 @@ public:
     bool legendVisiblity() const;
     void setLegendVisible(bool visible);
 
-    /** Whether the shape is shown; default true. */
+    /** Whether the shape is shown; default true. ProfileView::redrawShapes() takes it over, too. */
     bool visible() const;
     void setVisible(bool visible);
 
