@@ -1,229 +1,118 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What one event of the mouse costs a chart: over long curves, and over many shapes.
-#include <visualization/chartxy.h>
-#include <visualization/line.h>
-#include <visualization/plot.h>
-#include <visualization/point.h>
-#include <visualization/shape.h>
+// What one move of the mouse costs, from the widget's event to the tooltip: over long curves, over
+// many shapes, and while one of them is dragged. Nothing is repainted.
+#include "profilerig.h"
 
-#include <vtkAxis.h>
-#include <vtkContextMouseEvent.h>
-#include <vtkContextScene.h>
-#include <vtkDoubleArray.h>
-#include <vtkNew.h>
-#include <vtkPlot.h>
-#include <vtkTable.h>
-
-#include <benchmark/benchmark.h>
-#include <cmath>
-#include <deque>
+#include <algorithm>
 #include <vector>
-
-using namespace ovl;
 
 namespace {
 
-constexpr int kWidth = 800; // no power of ten: there the framework changes the scale of plots
-constexpr int kHeight = 800;
+using namespace ovl;
+using namespace ovl::bench;
 
-vtkSmartPointer<vtkTable> makeTable(const std::vector<double>& x, const std::vector<double>& y)
+constexpr int kCurves = 10;
+
+int sizeOf(const benchmark::State& state) { return static_cast<int>(state.range(0)); }
+
+/** Moves over the plot area, never twice the same way. */
+QPointF wander(int step) { return {90.0 + step * 37 % 680, 60.0 + step * 13 % 460}; }
+
+void hover(benchmark::State& state, QWidget& widget)
 {
-    auto table = vtkSmartPointer<vtkTable>::New();
-    for (const auto& [name, values] : {std::pair("x", &x), std::pair("y", &y)}) {
-        const vtkNew<vtkDoubleArray> column;
-        column->SetName(name);
-        for (const double value : *values)
-            column->InsertNextValue(value);
-        table->AddColumn(column);
-    }
-    return table;
-}
-
-/** A chart in a scene without a window; one unit is one pixel. */
-class Rig {
-public:
-    Rig()
-    {
-        scene->AddItem(chart);
-        chart->SetInteractive(true);
-        chart->SetPoint1(0, 0);
-        chart->SetPoint2(kWidth, kHeight);
-        for (int i = 0; i < 4; ++i) {
-            vtkAxis* axis = chart->GetAxis(i);
-            const bool vertical = i == vtkAxis::LEFT || i == vtkAxis::RIGHT;
-            axis->SetBehavior(vtkAxis::FIXED);
-            axis->SetRange(0, vertical ? kHeight : kWidth);
-            axis->SetPoint1(0, 0);
-            axis->SetPoint2(vertical ? 0 : kWidth, vertical ? kHeight : 0);
-        }
-        callbacks.setDirtyCallback([this](bool) { dirty = true; });
-        callbacks.setCursorCallback([this](CursorType type) { cursor = type; });
-        chart->SetCallbacks(&callbacks);
-    }
-
-    ~Rig() { chart->ClearPlots(); }
-
-    /** As after a paint. */
-    void settle()
-    {
-        chart->Update();
-        chart->MouseWheelEvent(event(1, 1, 0), 0); // sets the transforms, moves nothing
-    }
-
-    void addCurves(int count, int points)
-    {
-        std::vector<double> x, y;
-        for (int i = 0; i < count; ++i) {
-            x.clear();
-            y.clear();
-            for (int k = 0; k < points; ++k) {
-                x.push_back(static_cast<double>(k) * kWidth / points);
-                y.push_back(300 + 40 * i + 20 * std::sin(0.01 * (i + 1) * k));
-            }
-            addPlot(1, x, y);
-        }
-        settle();
-    }
-
-    void addShapes(int count)
-    {
-        const int perRow = static_cast<int>(std::ceil(std::sqrt(count)));
-        const double pitch = 1.0 * kWidth / perRow;
-        for (int i = 0; i < count; ++i)
-            addShape(i % perRow * pitch, i / perRow * pitch, pitch * 0.6); // NOLINT: whole rows
-        settle();
-    }
-
-    vtkContextMouseEvent event(double x, double y, int button)
-    {
-        const vtkVector2f position(static_cast<float>(x), static_cast<float>(y));
-        vtkContextMouseEvent mouse {};
-        mouse.SetButton(button);
-        mouse.SetPos(position);
-        mouse.SetScenePos(position);
-        mouse.SetScreenPos(vtkVector2i(static_cast<int>(x), static_cast<int>(y)));
-        mouse.SetLastScreenPos(last);
-        last = mouse.GetScreenPos();
-        return mouse;
-    }
-
-    vtkNew<vtkContextScene> scene;
-    vtkNew<ChartXY> chart;
-    ChartCallbacks callbacks;
-    std::deque<Shape> shapes;
-    bool dirty = false;
-    CursorType cursor = CursorType::Default;
-
-private:
-    vtkPlot* addPlot(int type, const std::vector<double>& x, const std::vector<double>& y)
-    {
-        vtkPlot* plot = chart->AddPlot(type);
-        plot->SetInputData(makeTable(x, y), 0, 1);
-        return plot;
-    }
-
-    void addShape(double x, double y, double size)
-    {
-        Shape& shape = shapes.emplace_back();
-        const Point corners[] = {{x, y}, {x + size, y}, {x + size, y + size}, {x, y + size}};
-        std::vector<double> lineX, lineY, handleX, handleY;
-        for (int i = 0; i < 4; ++i) {
-            shape.addLine(corners[i], corners[(i + 1) % 4]);
-            for (const Point* end : {shape.line(i)->p1(), shape.line(i)->p2()}) {
-                lineX.push_back(end->x());
-                lineY.push_back(end->y());
-            }
-        }
-        for (int i = 0; i < shape.numberOfHandles(); ++i) {
-            handleX.push_back(shape.handle(i)->x());
-            handleY.push_back(shape.handle(i)->y());
-        }
-        const auto moveBy = [&shape](double dx, double dy) {
-            const Point step(dx, dy);
-            for (int i = 0; i < shape.numberOfLines(); ++i) {
-                *shape.line(i)->p1() += step;
-                *shape.line(i)->p2() += step;
-            }
-            for (int i = 0; i < shape.numberOfHandles(); ++i)
-                *shape.handle(i) += step;
-        };
-        shape.setXTranslationCallback([moveBy](double dx) { moveBy(dx, 0); });
-        shape.setYTranslationCallback([moveBy](double dy) { moveBy(0, dy); });
-        shape.setXResizeCallback([moveBy](const Point&, double dx) { moveBy(dx, 0); });
-        shape.setYResizeCallback([moveBy](const Point&, double dy) { moveBy(0, dy); });
-        vtkPlot* handles = addPlot(1, handleX, handleY);
-        vtkPlot* lines = addPlot(0, lineX, lineY);
-        for (vtkPlot* plot : {handles, lines}) {
-            auto* part = dynamic_cast<Plot*>(plot);
-            part->shape = &shape;
-            part->sibling = plot == lines ? handles : lines;
-            part->isHandle = plot == handles;
-            part->canDragX = part->canDragY = true;
-        }
-    }
-
-    vtkVector2i last {0, 0};
-};
-
-/** Moves over the whole plot area, never twice the same way. */
-void BM_Hover_OverCurves(benchmark::State& state)
-{
-    Rig rig;
-    rig.addCurves(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
-    int i = 0;
-    for (auto _ : state) {
-        ++i;
-        rig.chart->MouseMoveEvent(rig.event(1 + i * 37 % 798, 250 + i * 13 % 500, 0));
-    }
-}
-BENCHMARK(BM_Hover_OverCurves)->Args({10, 1000})->Args({10, 100000})->Unit(benchmark::kMicrosecond);
-
-void BM_Hover_OverShapes(benchmark::State& state)
-{
-    Rig rig;
-    rig.addShapes(static_cast<int>(state.range(0)));
-    int i = 0;
-    for (auto _ : state) {
-        ++i;
-        rig.chart->MouseMoveEvent(rig.event(1 + i * 37 % 798, 1 + i * 13 % 798, 0));
-    }
-}
-BENCHMARK(BM_Hover_OverShapes)->Arg(10)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);
-
-void BM_Pan_OverCurves(benchmark::State& state)
-{
-    Rig rig;
-    rig.addCurves(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
-    rig.chart->MouseButtonPressEvent(rig.event(5, 5, 1));
-    int i = 0;
+    int step = 0;
     for (auto _ : state)
-        rig.chart->MouseMoveEvent(rig.event(5 + (++i % 2), 5, 1));
+        sendMouse(widget, QEvent::MouseMove, wander(++step), false);
 }
-BENCHMARK(BM_Pan_OverCurves)->Args({10, 100000})->Unit(benchmark::kMicrosecond);
 
-/** A shape among others is taken at `offset` from its lower left corner and moved to and fro. */
-void drag(benchmark::State& state, double offset)
+void hoverCurves(benchmark::State& state)
 {
-    Rig rig;
-    const int count = static_cast<int>(state.range(0));
-    rig.addShapes(count);
-    const Point corner = *rig.shapes[static_cast<std::size_t>(count / 2)].line(0)->p1();
-    const double x = corner.x() + offset;
-    const double y = corner.y() + offset;
-    rig.chart->MouseButtonPressEvent(rig.event(x, y, 1));
-    int i = 0;
-    for (auto _ : state)
-        rig.chart->MouseMoveEvent(rig.event(x + (++i % 2), y, 1));
-    rig.chart->MouseButtonReleaseEvent(rig.event(x, y, 1));
+    hover(state, rigOf<ProfileRig>(kCurves, sizeOf(state)).widget);
 }
 
-void BM_Drag_OfAShape(benchmark::State& state) { drag(state, kWidth * 0.3 / 100); }
+/** The floor: the point of each curve that lies nearest along x, and whether it is near. */
+void searchCurves(benchmark::State& state)
+{
+    const int points = sizeOf(state);
+    std::vector<double> x;
+    std::vector<std::vector<double>> y(kCurves);
+    for (int row = 0; row < points; ++row) {
+        x.push_back(curveX(row, points));
+        for (int curve = 0; curve < kCurves; ++curve)
+            y[static_cast<std::size_t>(curve)].push_back(curveY(curve, row, points));
+    }
+    int step = 0;
+    for (auto _ : state) {
+        const QPointF at = wander(++step);
+        for (const std::vector<double>& curve : y) {
+            const auto found = std::lower_bound(x.begin(), x.end(), at.x());
+            const auto row = std::min(found, x.end() - 1) - x.begin();
+            benchmark::DoNotOptimize(std::abs(curve[static_cast<std::size_t>(row)] - at.y()) < 5.0);
+        }
+    }
+}
 
-void BM_Drag_OfAHandle(benchmark::State& state) { drag(state, 0); }
+void hoverShapes(benchmark::State& state) { hover(state, rigOf<BoxRig>(sizeOf(state)).widget); }
 
-BENCHMARK(BM_Drag_OfAShape)->Arg(10)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);
-BENCHMARK(BM_Drag_OfAHandle)->Arg(10)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);
+void moveShape(Shape& shape, const Point& step)
+{
+    for (int i = 0; i < shape.numberOfLines(); ++i) {
+        *shape.line(i)->p1() += step;
+        *shape.line(i)->p2() += step;
+    }
+    for (int i = 0; i < shape.numberOfHandles(); ++i)
+        *shape.handle(i) += step;
+}
+
+/** A host whose shape follows the mouse, whatever is grabbed of it. */
+void followMouse(Shape& shape)
+{
+    Shape* moved = &shape;
+    const auto alongX = [moved](double dx) { moveShape(*moved, Point(dx, 0.0)); };
+    const auto alongY = [moved](double dy) { moveShape(*moved, Point(0.0, dy)); };
+    shape.setXTranslationCallback(alongX);
+    shape.setYTranslationCallback(alongY);
+    shape.setXResizeCallback([alongX](const Point&, double dx) { alongX(dx); });
+    shape.setYResizeCallback([alongY](const Point&, double dy) { alongY(dy); });
+}
+
+/** A shape among others is taken at `part` of its size from its lower left corner. */
+void drag(benchmark::State& state, double part)
+{
+    const int count = sizeOf(state);
+    auto& rig = rigOf<BoxRig>(count);
+    followMouse(*rig.view->shape(count / 2));
+    const auto corners = boxCorners(count / 2, count);
+    const auto between = [part](double a, double b) { return a + part * (b - a); };
+    const QPointF at = rig.position(
+        between(corners[0].x(), corners[2].x()), between(corners[0].y(), corners[2].y()));
+    sendMouse(rig.widget, QEvent::MouseButtonPress, at, true);
+    int step = 0;
+    for (auto _ : state)
+        sendMouse(rig.widget, QEvent::MouseMove, at + QPointF(++step % 2, 0), true);
+    sendMouse(rig.widget, QEvent::MouseButtonRelease, at, false);
+}
+
+void dragShape(benchmark::State& state) { drag(state, 0.5); }
+
+void dragHandle(benchmark::State& state) { drag(state, 0.0); }
+
+void curveSizes(benchmark::internal::Benchmark* path)
+{
+    path->RangeMultiplier(10)->Range(1000, 100000)->Unit(benchmark::kMicrosecond);
+}
+
+void shapeCounts(benchmark::internal::Benchmark* path)
+{
+    path->RangeMultiplier(10)->Range(100, 10000)->Unit(benchmark::kMicrosecond);
+}
+
+BENCHMARK(hoverCurves)->Name("BM_HoverCurves/ovl")->Apply(curveSizes);
+BENCHMARK(searchCurves)->Name("BM_HoverCurves/floor")->Apply(curveSizes);
+BENCHMARK(hoverShapes)->Name("BM_HoverShapes/ovl")->Apply(shapeCounts);
+BENCHMARK(dragShape)->Name("BM_DragShape/ovl")->Apply(shapeCounts);
+BENCHMARK(dragHandle)->Name("BM_DragHandle/ovl")->Apply(shapeCounts);
 
 } // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) { return run(argc, argv); }

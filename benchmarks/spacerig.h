@@ -3,6 +3,7 @@
 #ifndef OVL_BENCHMARKS_SPACERIG_H
 #define OVL_BENCHMARKS_SPACERIG_H
 
+#include "residentmemory.h"
 #include <visualization/vtkcompat.h>
 
 #include <vtkActor.h>
@@ -17,23 +18,9 @@
 #include <QSurfaceFormat>
 
 #include <benchmark/benchmark.h>
-#include <cstdio>
 #include <memory>
-#include <unistd.h>
 
 namespace ovl::bench {
-
-/** The program's memory in bytes, as the kernel counts it. */
-inline double residentBytes()
-{
-    long pages = 0;
-    if (std::FILE* file = std::fopen("/proc/self/statm", "r")) {
-        if (std::fscanf(file, "%*d %ld", &pages) != 1)
-            pages = 0;
-        std::fclose(file);
-    }
-    return static_cast<double>(pages) * static_cast<double>(sysconf(_SC_PAGESIZE));
-}
 
 template <class View> struct SpaceRig {
     SpaceRig()

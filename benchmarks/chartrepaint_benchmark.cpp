@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// Repainting a chart with many shapes, of four lines and twelve handles each. Run it once more with
+// GALLIUM_NOOP=1 to leave out what the software driver takes.
+#include "profilerig.h"
+
+namespace {
+
+using namespace ovl::bench;
+
+void repaint(benchmark::State& state, ProfileRig& rig)
+{
+    for (auto _ : state)
+        rig.render();
+}
+
+void repaintShapes(benchmark::State& state)
+{
+    repaint(state, rigOf<BoxRig>(static_cast<int>(state.range(0))));
+}
+
+/** The floor: the same window without shapes. */
+void repaintNothing(benchmark::State& state) { repaint(state, rigOf<ProfileRig>()); }
+
+void sizes(benchmark::internal::Benchmark* path)
+{
+    path->RangeMultiplier(10)
+        ->Range(100, 10000)
+        ->Unit(benchmark::kMillisecond)
+        ->MeasureProcessCPUTime();
+}
+
+BENCHMARK(repaintShapes)->Name("BM_RepaintShapes/ovl")->Apply(sizes);
+BENCHMARK(repaintNothing)
+    ->Name("BM_RepaintShapes/floor")
+    ->Unit(benchmark::kMillisecond)
+    ->MeasureProcessCPUTime();
+
+} // namespace
+
+int main(int argc, char** argv) { return run(argc, argv); }

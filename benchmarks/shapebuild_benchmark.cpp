@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// What a host pays to bring many shapes into a view, of four lines and twelve handles each.
+#include "profilerig.h"
+
+namespace {
+
+using namespace ovl::bench;
+
+int countOf(const benchmark::State& state) { return static_cast<int>(state.range(0)); }
+
+/** The whole way of a new set of shapes: add, draw, clear. */
+void build(benchmark::State& state)
+{
+    ProfileRig rig;
+    for (auto _ : state) {
+        rig.addBoxes(countOf(state));
+        rig.view->drawShapes();
+        rig.view->clearShape();
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+/** The floor: the shapes by themselves. */
+void bareShapes(benchmark::State& state)
+{
+    const int count = countOf(state);
+    for (auto _ : state)
+        for (int i = 0; i < count; ++i)
+            benchmark::DoNotOptimize(makeBox(i, count));
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+/** Of shapes that are in the view: old plots away, new ones made, all in their order. */
+void drawAgain(benchmark::State& state)
+{
+    auto& rig = rigOf<BoxRig>(countOf(state));
+    for (auto _ : state)
+        rig.view->drawShapes();
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+void redraw(benchmark::State& state)
+{
+    auto& rig = rigOf<BoxRig>(countOf(state));
+    for (auto _ : state)
+        rig.view->redrawShapes();
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+void sizes(benchmark::internal::Benchmark* path)
+{
+    path->RangeMultiplier(10)->Range(100, 10000)->Unit(benchmark::kMicrosecond);
+}
+
+BENCHMARK(build)->Name("BM_ShapeBuild/ovl")->Apply(sizes);
+BENCHMARK(bareShapes)->Name("BM_ShapeBuild/floor")->Apply(sizes);
+BENCHMARK(drawAgain)->Name("BM_ShapeDrawAgain/ovl")->Apply(sizes);
+BENCHMARK(redraw)->Name("BM_ShapeRedraw/ovl")->Apply(sizes);
+
+} // namespace
+
+int main(int argc, char** argv) { return run(argc, argv); }
