@@ -1,81 +1,51 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "spacerig.h"
+#include "spacestock.h"
 #include <visualization/pointcloudview.h>
-
-#include <vtkCellArray.h>
-#include <vtkDoubleArray.h>
 
 #include <vector>
 
-using ovl::PointCloudView;
+namespace bench = ovl::bench;
 
 namespace {
 
-constexpr int side = 1000;
+using CloudRig = bench::ViewRig<ovl::PointCloudView>;
 
-void BM_SetPoint_ByView(benchmark::State& state) { ovl::bench::setPoint<PointCloudView>(state); }
-
-void BM_SetPoint_ByBareStores(benchmark::State& state)
+/** The stores that a sample takes at least: position, value and the list of points. */
+void bareStores(benchmark::State& state)
 {
-    const int edge = static_cast<int>(state.range(0));
-    const auto count = static_cast<std::size_t>(edge) * static_cast<std::size_t>(edge);
+    const bench::Grid grid(bench::samplesOf(state));
+    const auto count = static_cast<std::size_t>(grid.size());
     std::vector<double> coordinates(3 * count);
     std::vector<double> values(count);
     std::vector<long long> ids(count);
+    int frame = 0;
     for (auto _ : state) {
-        for (std::size_t index = 0; index < count; ++index) {
-            coordinates[3 * index] = static_cast<double>(index);
-            coordinates[3 * index + 1] = 2.0;
-            coordinates[3 * index + 2] = 1.0;
-            values[index] = 3.0;
-            ids[index] = static_cast<long long>(index);
-        }
+        bench::eachSample(grid, ++frame, [&](int at, double x, double y, double z, double value) {
+            const auto index = static_cast<std::size_t>(at);
+            coordinates[3 * index] = y;
+            coordinates[3 * index + 1] = x;
+            coordinates[3 * index + 2] = z;
+            values[index] = value;
+            ids[index] = at;
+        });
         benchmark::ClobberMemory();
     }
-    ovl::bench::perPoint(state, static_cast<double>(count));
+    bench::perSample(state);
 }
-
-void BM_SetPoint_ByFramework(benchmark::State& state)
-{
-    const int count = static_cast<int>(state.range(0) * state.range(0));
-    const auto coordinates = vtkSmartPointer<vtkDoubleArray>::New();
-    const auto values = vtkSmartPointer<vtkDoubleArray>::New();
-    const auto cells = vtkSmartPointer<vtkCellArray>::New();
-    coordinates->SetNumberOfComponents(3);
-    coordinates->SetNumberOfTuples(count);
-    values->SetNumberOfTuples(count);
-    for (auto _ : state) {
-        cells->Reset();
-        cells->InsertNextCell(count);
-        for (int index = 0; index < count; ++index) {
-            const double position[3] = {1.0 * index, 2.0, 1.0};
-            coordinates->SetTuple(index, position);
-            values->SetTuple1(index, 3.0);
-            cells->InsertCellPoint(index);
-        }
-    }
-    ovl::bench::perPoint(state, count);
-}
-
-void BM_Frame_ByView(benchmark::State& state) { ovl::bench::frame<PointCloudView>(state); }
-void BM_MoveAtRest_ByView(benchmark::State& state)
-{
-    ovl::bench::moveAtRest<PointCloudView>(state);
-}
-void BM_MoveAtRest_ByStockPicker(benchmark::State& state)
-{
-    ovl::bench::stockPick<PointCloudView>(state);
-}
-void BM_Memory_OfView(benchmark::State& state) { ovl::bench::memory<PointCloudView>(state); }
-
-BENCHMARK(BM_Memory_OfView)->Arg(side)->Unit(benchmark::kMillisecond)->Iterations(1);
-BENCHMARK(BM_SetPoint_ByView)->Arg(side / 10)->Arg(side)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_SetPoint_ByBareStores)->Arg(side / 10)->Arg(side)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_SetPoint_ByFramework)->Arg(side / 10)->Arg(side)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_Frame_ByView)->Arg(side)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_MoveAtRest_ByView)->Arg(side)->Unit(benchmark::kMicrosecond);
-BENCHMARK(BM_MoveAtRest_ByStockPicker)->Arg(side)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 
-int main(int argc, char** argv) { return ovl::bench::run(argc, argv); }
+int main(int argc, char** argv)
+{
+    QSurfaceFormat::setDefaultFormat(ovl::compat::HostWidget::defaultFormat());
+    const QApplication application(argc, argv);
+    bench::addMemory<CloudRig>("Cloud", "ovl"); // first: the heap is still tidy
+    bench::addMemory<bench::StockCloudRig>("Cloud", "stock");
+    bench::add("CloudFill", "floor", bareStores, benchmark::kMillisecond);
+    bench::addFrames<bench::EmptyRig>("Cloud", "floor");
+    bench::addHover<bench::EmptyRig>("Cloud", "floor");
+    bench::addAll<CloudRig>("Cloud", "ovl");
+    bench::addAll<bench::StockCloudRig>("Cloud", "stock");
+    return bench::run(argc, argv);
+}

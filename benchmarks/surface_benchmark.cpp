@@ -1,69 +1,49 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "spacerig.h"
+#include "spacestock.h"
 #include <visualization/surfaceview.h>
-
-#include <vtkDoubleArray.h>
-#include <vtkPoints.h>
 
 #include <vector>
 
-using ovl::SurfaceView;
+namespace bench = ovl::bench;
 
 namespace {
 
-constexpr int side = 1000;
+using SurfaceRig = bench::ViewRig<ovl::SurfaceView>;
 
-void BM_SetPoint_ByView(benchmark::State& state) { ovl::bench::setPoint<SurfaceView>(state); }
-
-void BM_SetPoint_ByBareStores(benchmark::State& state)
+/** The stores that a sample takes at least: position and value. */
+void bareStores(benchmark::State& state)
 {
-    const int edge = static_cast<int>(state.range(0));
-    const auto count = static_cast<std::size_t>(edge) * static_cast<std::size_t>(edge);
+    const bench::Grid grid(bench::samplesOf(state));
+    const auto count = static_cast<std::size_t>(grid.size());
     std::vector<float> positions(3 * count);
     std::vector<double> values(count);
+    int frame = 0;
     for (auto _ : state) {
-        for (std::size_t index = 0; index < count; ++index) {
-            positions[3 * index] = static_cast<float>(index);
-            positions[3 * index + 1] = 2.0F;
-            positions[3 * index + 2] = 1.0F;
-            values[index] = 3.0;
-        }
+        bench::eachSample(grid, ++frame, [&](int at, double x, double y, double z, double value) {
+            const auto index = static_cast<std::size_t>(at);
+            positions[3 * index] = static_cast<float>(y);
+            positions[3 * index + 1] = static_cast<float>(x);
+            positions[3 * index + 2] = static_cast<float>(z);
+            values[index] = value;
+        });
         benchmark::ClobberMemory();
     }
-    ovl::bench::perPoint(state, static_cast<double>(count));
+    bench::perSample(state);
 }
-
-void BM_SetPoint_ByFramework(benchmark::State& state)
-{
-    const int count = static_cast<int>(state.range(0) * state.range(0));
-    const auto points = vtkSmartPointer<vtkPoints>::New();
-    const auto values = vtkSmartPointer<vtkDoubleArray>::New();
-    points->SetNumberOfPoints(count);
-    values->SetNumberOfTuples(count);
-    for (auto _ : state)
-        for (int index = 0; index < count; ++index) {
-            points->SetPoint(index, 1.0 * index, 2.0, 1.0);
-            values->SetValue(index, 3.0);
-        }
-    ovl::bench::perPoint(state, count);
-}
-
-void BM_Frame_ByView(benchmark::State& state) { ovl::bench::frame<SurfaceView>(state); }
-void BM_MoveAtRest_ByView(benchmark::State& state) { ovl::bench::moveAtRest<SurfaceView>(state); }
-void BM_MoveAtRest_ByStockPicker(benchmark::State& state)
-{
-    ovl::bench::stockPick<SurfaceView>(state);
-}
-void BM_Memory_OfView(benchmark::State& state) { ovl::bench::memory<SurfaceView>(state); }
-
-BENCHMARK(BM_Memory_OfView)->Arg(side)->Unit(benchmark::kMillisecond)->Iterations(1);
-BENCHMARK(BM_SetPoint_ByView)->Arg(side / 10)->Arg(side)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_SetPoint_ByBareStores)->Arg(side / 10)->Arg(side)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_SetPoint_ByFramework)->Arg(side / 10)->Arg(side)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_Frame_ByView)->Arg(side)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_MoveAtRest_ByView)->Arg(side)->Unit(benchmark::kMicrosecond);
-BENCHMARK(BM_MoveAtRest_ByStockPicker)->Arg(side)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 
-int main(int argc, char** argv) { return ovl::bench::run(argc, argv); }
+int main(int argc, char** argv)
+{
+    QSurfaceFormat::setDefaultFormat(ovl::compat::HostWidget::defaultFormat());
+    const QApplication application(argc, argv);
+    bench::addMemory<SurfaceRig>("Surface", "ovl"); // first: the heap is still tidy
+    bench::addMemory<bench::StockSurfaceRig>("Surface", "stock");
+    bench::add("SurfaceFill", "floor", bareStores, benchmark::kMillisecond);
+    bench::addFrames<bench::EmptyRig>("Surface", "floor");
+    bench::addHover<bench::EmptyRig>("Surface", "floor");
+    bench::addAll<SurfaceRig>("Surface", "ovl");
+    bench::addAll<bench::StockSurfaceRig>("Surface", "stock");
+    return bench::run(argc, argv);
+}
