@@ -15,7 +15,7 @@ endif()
 if(NOT OVL_SANITIZER STREQUAL "none")
   target_compile_options(ovl_flags INTERFACE
     -fsanitize=${OVL_SANITIZER} -fno-sanitize-recover=all -fno-omit-frame-pointer -O1 -g
-    -Wno-maybe-uninitialized) # GCC loses track of values through the sanitizers' checks
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>) # GCC loses track of values through the sanitizers' checks
   target_link_options(ovl_flags INTERFACE -fsanitize=${OVL_SANITIZER})
 endif()
 
@@ -42,3 +42,9 @@ function(ovl_link_library target)
     set_target_properties(${target} PROPERTIES LINK_DEPENDS ${map})
   endif()
 endfunction()
+if(OVL_FUZZ)
+  if(NOT CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+    message(FATAL_ERROR "OVL_FUZZ takes clang: cmake --preset fuzz")
+  endif()
+  target_compile_options(ovl_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()

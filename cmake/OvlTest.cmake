@@ -20,6 +20,11 @@ set(ovl_test_environment
   "UBSAN_OPTIONS=print_stacktrace=1"
   "QT_SCALE_FACTOR=1" "QT_QPA_PLATFORM=xcb" "LC_ALL=C.UTF-8")
 
+function(ovl_set_test_properties tier name)
+  set_tests_properties(${tier}.${name} PROPERTIES LABELS ${tier} TIMEOUT ${ovl_test_timeout}
+    SKIP_RETURN_CODE 125 ENVIRONMENT "${ovl_test_environment}")
+endfunction()
+
 function(ovl_register_test tier name target)
   if(tier MATCHES "^(unit|gallery)$")
     add_test(NAME ${tier}.${name} COMMAND ${target})
@@ -28,8 +33,7 @@ function(ovl_register_test tier name target)
     add_test(NAME ${tier}.${name}
       COMMAND ${PROJECT_SOURCE_DIR}/scripts/with-display $<TARGET_FILE:${target}>)
   endif()
-  set_tests_properties(${tier}.${name} PROPERTIES LABELS ${tier} TIMEOUT ${ovl_test_timeout}
-    SKIP_RETURN_CODE 125 ENVIRONMENT "${ovl_test_environment}")
+  ovl_set_test_properties(${tier} ${name})
 endfunction()
 
 function(ovl_add_test tier name)
