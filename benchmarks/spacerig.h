@@ -14,7 +14,6 @@
 #define OVL_BENCHMARKS_SPACERIG_H
 
 #include "residentmemory.h"
-
 #include <visualization/vtkcompat.h>
 
 #include <vtkActor.h>
