@@ -12,8 +12,7 @@ namespace ovl {
  * Samples have the machine's byte order and alignment.
  */
 struct BufferDescriptor {
-    /** Samples per pixel, 1 to 4. Not checked: with any other number what is shown means nothing.
-     */
+    /** Samples per pixel, 1 to 4. Not checked: what any other number shows means nothing. */
     int components = 1;
 
     /**
