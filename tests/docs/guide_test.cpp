@@ -9,6 +9,7 @@
 #include <visualization/surfaceview.h>
 
 #include <vtkActor.h>
+#include <vtkAxis.h>
 #include <vtkPlot.h>
 #include <vtkPolyData.h>
 #include <vtkProperty.h>
@@ -99,6 +100,61 @@ TEST(ProfileGuide, OfEqualPrioritiesTheShapeAddedLastIsGrabbed)
     f.drag(f.position(55, 60), f.position(65, 60));
     EXPECT_EQ(movesOfFirst, 0);
     EXPECT_EQ(movesOfLast, 1);
+}
+
+/** A chart with a single point in its middle. */
+struct PointOfGuide : ProfileFixture {
+    PointOfGuide()
+        : ProfileFixture(2, {300, 300})
+    {
+        fill({{50.0}, {50.0}});
+        view->setBottomRange(0, 100);
+        view->setLeftRange(0, 100);
+        view->resetView();
+        view->drawPlots();
+        render();
+    }
+
+    std::array<double, 4> ends()
+    {
+        vtkAxis* bottom = axis(vtkAxis::BOTTOM);
+        vtkAxis* left = axis(vtkAxis::LEFT);
+        return {bottom->GetMinimum(), bottom->GetMaximum(), left->GetMinimum(), left->GetMaximum()};
+    }
+};
+
+TEST(ProfileGuide, ADragFromAPointMovesNothing)
+{
+    PointOfGuide f;
+    const auto before = f.ends();
+    f.drag(f.position(50, 50), f.position(70, 80));
+    EXPECT_EQ(f.ends(), before);
+    f.drag(f.position(20, 50), f.position(30, 70));
+    EXPECT_NE(f.ends(), before) << "beside it the axes pan";
+}
+
+TEST(ProfileGuide, AMoveThatComesOntoAPointDoesNotCount)
+{
+    PointOfGuide f;
+    const auto before = f.ends();
+    const QPointF point = f.position(50, 50);
+    f.press(f.position(20, 20));
+    f.move(point + QPointF(4, 4));
+    EXPECT_EQ(f.ends(), before);
+    f.move(point + QPointF(24, 4));
+    const double pixels = f.position(100, 0).x() - f.position(0, 0).x();
+    EXPECT_NEAR(f.ends()[0], -20 / pixels * 100, 1e-3) << "only the second move counts";
+    f.release(point + QPointF(24, 4));
+}
+
+TEST(ProfileGuide, ABandThatEndsOnAPointZoomsNothing)
+{
+    PointOfGuide f;
+    const auto before = f.ends();
+    f.drag(f.position(20, 20), f.position(50, 50), Qt::RightButton);
+    EXPECT_EQ(f.ends(), before);
+    f.drag(f.position(20, 20), f.position(60, 70), Qt::RightButton);
+    EXPECT_NE(f.ends(), before);
 }
 
 struct SurfaceOfGuide : ViewFixture<SurfaceView> {
