@@ -14,18 +14,9 @@
 #include <vtkObjectFactory.h>
 #include <vtkPointData.h>
 
+#include <algorithm>
+
 namespace ovl {
-
-class ImageCorrectionAlgorithm::Private {
-public:
-    int shift = 0;
-    int outputScalarType = -1;
-    int outputComponents = -1;
-    int reserved = 255; // no operation reads it
-    int maskWords[8] = {0x7FFFFFFF, 0x7FFFFFFF, 0x7FFFFFFF, 0x7FFFFFFF, 0, 0, 0, 0x7FFFFFFF};
-
-    bool passThrough() const { return outputComponents == -1; }
-};
 
 namespace {
 
@@ -34,6 +25,12 @@ bool holdsItsPixels(vtkImageData* image)
 {
     vtkDataArray* samples = image->GetPointData()->GetScalars();
     return samples && samples->GetNumberOfTuples() >= image->GetNumberOfPoints();
+}
+
+bool hasSmallSamples(vtkImageData* image)
+{
+    const int type = image->GetScalarType();
+    return type == VTK_UNSIGNED_CHAR || type == VTK_SHORT || type == VTK_UNSIGNED_SHORT;
 }
 
 /** One piece of the output, what it is made from and how. */
@@ -196,6 +193,45 @@ bool isMaskIndex(int index) { return index >= 0 && index < 8; }
 
 } // namespace
 
+class ImageCorrectionAlgorithm::Private {
+public:
+    int shift = 0;
+    int outputScalarType = -1;
+    int outputComponents = -1;
+    int reserved = 255; // no operation reads it
+    int maskWords[8] = {0x7FFFFFFF, 0x7FFFFFFF, 0x7FFFFFFF, 0x7FFFFFFF, 0, 0, 0, 0x7FFFFFFF};
+    bool mayDefer = false;
+    bool shared = false; // the output has the input's memory
+    int deferredShift = 0;
+    vtkMTimeType sharedInput = 0; // when it came in
+
+    bool passThrough() const { return outputComponents == -1; }
+
+    bool nothingButShifts(vtkImageData* input) const
+    {
+        return outputScalarType == -1 && passThrough() && input->GetNumberOfScalarComponents() == 1
+            && hasSmallSamples(input) && holdsItsPixels(input);
+    }
+
+    void share(vtkImageData* input, vtkImageData* output)
+    {
+        output->SetExtent(input->GetExtent());
+        output->GetPointData()->PassData(input->GetPointData());
+        shared = true;
+        deferredShift = std::max(shift, 0);
+        sharedInput = input->GetUpdateTime();
+    }
+
+    /** The output must never write into memory of the input. */
+    void unshare(vtkImageData* output)
+    {
+        if (shared)
+            output->GetPointData()->SetScalars(nullptr);
+        shared = false;
+        deferredShift = 0;
+    }
+};
+
 vtkStandardNewMacro(ImageCorrectionAlgorithm);
 
 ImageCorrectionAlgorithm::ImageCorrectionAlgorithm()
@@ -238,6 +274,24 @@ int ImageCorrectionAlgorithm::mask(int index) const
     return isMaskIndex(index) ? d->maskWords[index] : 0;
 }
 
+void ImageCorrectionAlgorithm::setShiftDeferred(bool defer) { d->mayDefer = defer; }
+
+int ImageCorrectionAlgorithm::deferredShift() const { return d->deferredShift; }
+
+void ImageCorrectionAlgorithm::applyDeferredShift()
+{
+    auto* const input = vtkImageData::SafeDownCast(GetInputDataObject(0, 0));
+    if (!d->shared || !input || input->GetUpdateTime() != d->sharedInput)
+        return;
+    vtkImageData* const output = GetOutput();
+    const int shift = d->deferredShift;
+    const int type = input->GetScalarType();
+    d->unshare(output);
+    output->AllocateScalars(type, 1);
+    correctionFrom(type)(type)(
+        {this, input, output, output->GetExtent(), 1, shift, true, d->maskWords});
+}
+
 int ImageCorrectionAlgorithm::RequestInformation(
     vtkInformation*, vtkInformationVector**, vtkInformationVector* outputVector)
 {
@@ -245,6 +299,18 @@ int ImageCorrectionAlgorithm::RequestInformation(
     if (d->outputScalarType != -1)
         vtkDataObject::SetPointDataActiveScalarInfo(
             outputVector->GetInformationObject(0), d->outputScalarType, d->outputComponents);
+    return 1;
+}
+
+int ImageCorrectionAlgorithm::RequestData(
+    vtkInformation* request, vtkInformationVector** inputVector, vtkInformationVector* outputVector)
+{
+    vtkImageData* const input = vtkImageData::GetData(inputVector[0]);
+    vtkImageData* const output = vtkImageData::GetData(outputVector);
+    d->unshare(output);
+    if (!d->mayDefer || !d->nothingButShifts(input))
+        return Superclass::RequestData(request, inputVector, outputVector);
+    d->share(input, output);
     return 1;
 }
 

@@ -55,11 +55,27 @@ public:
     void setMask(int index, int value);
     int mask(int index) const;
 
+    /**
+     * Lets a filter behind this one shift the samples instead, which then must ask for
+     * deferredShift(); off by default. Where nothing but the shift would happen to samples of up to
+     * 16 bits, the output then shares the input's memory as long as it is not asked for.
+     */
+    void setShiftDeferred(bool defer);
+    /** By how many bits the samples of the output have still to be shifted. */
+    int deferredShift() const;
+    /**
+     * Makes the output what it would have been. It is left alone when the input has come in anew:
+     * the next update corrects that anyway, and the memory of the old one may be gone.
+     */
+    void applyDeferredShift();
+
 protected:
     ImageCorrectionAlgorithm();
     ~ImageCorrectionAlgorithm() override;
 
     int RequestInformation(vtkInformation* request, vtkInformationVector** inputVector,
+        vtkInformationVector* outputVector) override;
+    int RequestData(vtkInformation* request, vtkInformationVector** inputVector,
         vtkInformationVector* outputVector) override;
     void ThreadedRequestData(vtkInformation* request, vtkInformationVector** inputVector,
         vtkInformationVector* outputVector, vtkImageData*** inData, vtkImageData** outData,

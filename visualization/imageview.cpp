@@ -3,6 +3,7 @@
 
 #include "imagecorrectionalgorithm.h"
 #include "imageinteractorstyle.h"
+#include "imagelookupmapper.h"
 #include "range.h"
 #include "viewframe.h"
 #include "vtkcompat.h"
@@ -12,7 +13,6 @@
 #include <vtkCellPicker.h>
 #include <vtkImageActor.h>
 #include <vtkImageImport.h>
-#include <vtkImageMapToColors.h>
 #include <vtkImageMapper3D.h>
 #include <vtkLookupTable.h>
 #include <vtkSmartPointer.h>
@@ -92,7 +92,7 @@ public:
     vtkSmartPointer<ImageCorrectionAlgorithm> correction = make<ImageCorrectionAlgorithm>();
     vtkSmartPointer<vtkCellPicker> picker = make<vtkCellPicker>();
     vtkSmartPointer<ImageInteractorStyle> style = make<ImageInteractorStyle>();
-    vtkSmartPointer<vtkImageMapToColors> mapToColors = make<vtkImageMapToColors>();
+    vtkSmartPointer<ImageLookupMapper> mapToColors = make<ImageLookupMapper>();
     vtkSmartPointer<vtkLookupTable> lookupTable = make<vtkLookupTable>();
     QByteArray placeholder; // shown before the first frame
     void* buffer = nullptr; // the last one drawn, not owned
@@ -155,6 +155,7 @@ void ImageView::Private::wirePipeline()
 {
     correction->SetEnableSMP(true);
     mapToColors->SetEnableSMP(true);
+    correction->setShiftDeferred(true); // to the look-up, which gets it for nothing
     correction->SetInputConnection(imageImport->GetOutputPort(0));
     imageActor->GetMapper()->SetInputConnection(correction->GetOutputPort(0));
     renderer->AddActor(imageActor);
@@ -281,6 +282,7 @@ void ImageView::enableLookupTable(bool enable)
         mapper->SetInputConnection(d->mapToColors->GetOutputPort(0));
         d->lookupTableStale = true;
     } else {
+        d->correction->applyDeferredShift(); // its output is shown as it is until the next draw
         mapper->SetInputConnection(d->correction->GetOutputPort(0));
     }
 }

@@ -13,6 +13,7 @@
 
 #include <cfloat>
 #include <gtest/gtest.h>
+#include <memory>
 
 using ovl::Range;
 using ovl::test::ImageFixture;
@@ -128,6 +129,38 @@ TEST_F(ImageViewLookupTable, KeepsTheTypeOfTheSamplesUntilItIsDisabled)
     f.render();
     EXPECT_EQ(outputType(), VTK_UNSIGNED_CHAR);
     EXPECT_EQ(f.colorOf(0, 0).red(), 300 - 256);
+}
+
+TEST_F(ImageViewLookupTable, TurningItOffShowsTheOldSamplesUntilTheNextDraw)
+{
+    f.view->setShift(4);
+    show({0x0640, 0, 0, 0});
+    f.view->setShift(0);
+    f.view->enableLookupTable(false);
+    f.render();
+    EXPECT_EQ(f.shown()->GetScalarType(), VTK_UNSIGNED_SHORT);
+    EXPECT_EQ(f.shown()->GetScalarComponentAsDouble(0, 0, 0, 0), 0x64);
+    f.view->redraw();
+    f.render();
+    EXPECT_EQ(f.shown()->GetScalarType(), VTK_UNSIGNED_CHAR);
+    EXPECT_EQ(f.shown()->GetScalarComponentAsDouble(0, 0, 0, 0), 0x40);
+    EXPECT_EQ(samples[0], 0x0640) << "the host's memory is never written to";
+}
+
+TEST_F(ImageViewLookupTable, ABufferIsNotReadAnyMoreOnceAnotherWasDrawn)
+{
+    auto first = std::make_unique<Words>(Words(64, 200));
+    f.view->enableLookupTable(true);
+    f.view->setShift(1);
+    f.draw(*first, 8, 1, 2);
+    f.render();
+    std::vector<unsigned char> second(16, 100);
+    f.draw(second, 4, 1, 0);
+    first.reset();
+    f.view->enableLookupTable(false);
+    f.move({150, 100});
+    f.render();
+    EXPECT_EQ(f.colorOf(1, 1), QColor(50, 50, 50));
 }
 
 TEST_F(ImageViewLookupTable, ColoursOfItsOwnAboveAndBelowTheRange)
