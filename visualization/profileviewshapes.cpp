@@ -203,7 +203,9 @@ void ProfileView::addShape(const Shape& shape)
 {
     d->shapeTables.emplace_back();
     Private::ShapeTables& tables = d->shapeTables.back();
-    const QString title = shape.title();
+    // A name ends at a null, so that one within the title would make all names the same: and of two
+    // columns of one name a table keeps the second.
+    const QString title = shape.title().left(shape.title().indexOf(QChar::Null));
     setName(tables.lines.x, title + "_x");
     setName(tables.lines.y, title);
     for (const Private::PointTable* points : {&tables.lines, &tables.handles}) {

@@ -219,6 +219,22 @@ TEST_F(ProfileViewShapes, AnEmptyTitleWillDo)
     EXPECT_EQ(columnName(linePlots()[0], 1), "");
 }
 
+// A title may hold anything; the framework ends a name at the first null, and takes two columns of
+// one name for one.
+TEST_F(ProfileViewShapes, ANullWithinATitleEndsTheNamesOfTheColumns)
+{
+    for (const QString& title : {QString("A") + QChar(QChar::Null) + "B", QString(QChar(QChar::Null))})
+        f.view->addShape(makeShape(title, 0, 3.0));
+    f.view->drawShapes();
+    ASSERT_EQ(linePlots().size(), 2U);
+    EXPECT_EQ(columnName(linePlots()[0], 0), "A_x");
+    EXPECT_EQ(columnName(linePlots()[0], 1), "A");
+    EXPECT_EQ(columnName(linePlots()[1], 0), "_x");
+    EXPECT_EQ(cell(linePlots()[0], 1, 0), 5.0);
+    EXPECT_EQ(cell(linePlots()[0], 1, 1), 7.0);
+    EXPECT_EQ(f.view->shape(0)->title().size(), 3); // the shape's own title is whole
+}
+
 TEST_F(ProfileViewShapes, ShapesOfOneTitleHaveTablesOfTheirOwn)
 {
     add("AA");
