@@ -2,17 +2,26 @@
 #include "cloudpage.h"
 
 namespace ovl::gallery {
-namespace {
 
-// In front of the part and a little to its right, at four times the distance told here.
-constexpr SpacePanel::PerAxis kCameraPlace {0.65, 0.9, 2.42};
-
-} // namespace
-
-CloudPage::CloudPage(ScannerSimulation& simulation, QWidget* parent)
-    : SpacePageOf<PointCloudView>(simulation, new SpacePanel(kCameraPlace), kCameraPlace, parent)
+CloudPage::CloudPage(Scanner& scanner, QWidget* parent)
+    : SpacePageOf<PointCloudView>(scanner, tr("Point cloud"), parent)
 {
-    panel->finishWithCamera();
+    // In front of the part and a little to its right, at four times the distance told here.
+    panel->add({colourSettings(ColorScheme::None), axisSettings({0.65, 0.9, 2.42}),
+        dataSettings([this] { redraw(); })});
+    panel->finish();
+    showScanner();
 }
+
+const HeightMap& CloudPage::scanned() const { return scene().scan().map(); }
+
+QString CloudPage::scannedText() const
+{
+    return tr("The part under the laser, up to %1 x %2 points")
+        .arg(PartScan::kSamples)
+        .arg(PartScan::kProfiles);
+}
+
+void CloudPage::prepareForPicture() { resetView(); }
 
 } // namespace ovl::gallery

@@ -7,12 +7,18 @@
 
 namespace ovl::gallery {
 
-/** The point cloud view. */
+/** The point cloud view: the part under the laser as it grows, or a height grid from a file. */
 class CloudPage : public SpacePageOf<PointCloudView> {
     Q_OBJECT
 
 public:
-    explicit CloudPage(ScannerSimulation& simulation, QWidget* parent = nullptr);
+    explicit CloudPage(Scanner& scanner, QWidget* parent = nullptr);
+
+    void prepareForPicture() override;
+
+private:
+    const HeightMap& scanned() const override;
+    QString scannedText() const override;
 };
 
 } // namespace ovl::gallery

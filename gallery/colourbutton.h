@@ -15,13 +15,13 @@ public:
     explicit ColourButton(const QColor& colour, QWidget* parent = nullptr);
 
     const QColor& colour() const { return chosen; }
+    void display(const QColor& colour);
 
 Q_SIGNALS:
     void colourChosen(const QColor& colour);
 
 private:
     void choose();
-    void display(const QColor& colour);
 
     QColor chosen;
 };

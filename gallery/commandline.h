@@ -3,14 +3,16 @@
 #define OVL_GALLERY_COMMANDLINE_H
 
 #include <QString>
+#include <QStringList>
 
 namespace ovl::gallery {
 
 /** What the command line asks for. */
 struct CommandLine {
-    QString file; // --open
+    QStringList files; // --open, and what stands without an option
     QString folder; // --grab
     QString page; // --page
+    QString settings; // --settings, or the environment's OVL_GALLERY_SETTINGS; empty for the user's
 };
 
 /** Reads the arguments of the application; on a wrong one it says so and ends the program with 1.

@@ -1,22 +1,25 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "imagepage.h"
 
-#include "displayrange.h"
-#include "imagefile.h"
-#include "sourcecontrols.h"
-#include <visualization/coordinatessender.h>
+#include "settingspanel.h"
+#include <visualization/range.h>
 
 #include <QApplication>
-#include <QFileInfo>
 #include <QOpenGLWidget>
 #include <QWheelEvent>
+
+#include <cstring>
 
 namespace ovl::gallery {
 namespace {
 
-constexpr int kFrameInterval = 33; // ms
+constexpr int kRangeShift = 8; // the upper 8 of 16 bits
 constexpr int kCameraShift = 4; // the upper 8 of 12 bits
 constexpr int kWideSample = 2; // the view's code of unsigned 16 bits
+constexpr int kLargestSample = 65535;
+constexpr int kLargestShift = 15;
+constexpr int kMaskChannels = 4;
+constexpr int kHighestPart = 12; // mm
 
 void turnWheel(QWidget& widget)
 {
@@ -28,152 +31,264 @@ void turnWheel(QWidget& widget)
 
 } // namespace
 
-ImagePage::ImagePage(ScannerSimulation& simulation, QWidget* parent)
-    : Page(kFrameInterval, parent)
-    , scanner(simulation)
-    , widget(new hosting::ViewWidget<ImageView>)
-    , panel(new ImagePanel(widget->view()))
+/** An image is drawn where it was read to: nothing is left to fill. */
+class ImagePage::ImageFilling : public Filling {
+public:
+    ImageFilling(ImagePage& shownOn, SharedContents read)
+        : page(shownOn)
+        , file(std::move(read))
+    {
+    }
+
+    double work() override { return 1; }
+    void commit() override { page.show(file); }
+
+private:
+    ImagePage& page;
+    SharedContents file;
+};
+
+ImagePage::ImagePage(Scanner& scanner, QWidget* parent)
+    : Page(scanner, tr("Range image"),
+        tr("Left drag: pan   \u00b7   wheel or right drag: zoom   \u00b7   the status line tells "
+           "the "
+           "sample under the mouse"),
+        parent)
+    , viewed(new hosting::ViewWidget<ImageView>)
 {
-    setContent(widget, panel);
-    connectPanel();
-    const CoordinatesSender* sender = CoordinatesSender::instance();
-    connect(sender, &CoordinatesSender::signal_sendCoordinates, this, &ImagePage::pointAt);
-    connect(sender, &CoordinatesSender::signal_clearCoordinates, this, [this] { pointAt(-1, -1); });
+    setView(viewed);
+    panel->add({sampleSettings(), tableSettings(), colourSettings()});
+    panel->finish();
+    panel->applyToView();
+    showScanner();
 }
 
-ImagePage::~ImagePage()
+/** Wraps what a setting does: the view takes most of them over at the next draw. */
+Setting::Apply ImagePage::applied(std::function<void(const QVariant&)> apply)
 {
-    delete widget; // its view reads the image until then
+    return [this, apply = std::move(apply)](const QVariant& value) {
+        apply(value);
+        view().redraw();
+    };
 }
 
-void ImagePage::connectPanel()
+SettingGroup ImagePage::sampleSettings()
 {
-    connectSource(panel->source());
-    connect(&panel->source(), &SourceControls::sourceChosen, this,
-        [this](int index) { startCamera(index == 1); });
-    connect(&panel->source(), &SourceControls::fileChosen, this, &ImagePage::showFile);
-    connect(panel, &ImagePanel::redrawWanted, this, [this] { widget->view().redraw(); });
-    connect(panel, &ImagePanel::rebuildWanted, this, &ImagePage::rebuild);
-    connect(panel, &ImagePanel::fitWanted, this, &ImagePage::fit);
-    connect(panel, &ImagePanel::resetViewWanted, this, &ImagePage::resetView);
+    return {tr("Samples"),
+        {{tr("Camera"),
+             {choice("camera", {tr("Range, 16 bits"), tr("Grey, 12 bits"), tr("Colour, 12 bits")},
+                 0,
+                 [this](const QVariant& kind) {
+                     chooseCamera(static_cast<CameraKind>(kind.toInt()));
+                 }).ofPage()}},
+            {tr("Shift"),
+                {whole("shift", 0, kLargestShift, 0,
+                    applied([this](const QVariant& bits) { view().setShift(bits.toInt()); }))
+                        .withSuffix(tr(" bits right"))
+                        .withTip(tr("What is shown is the low byte of the shifted sample"))}},
+            {{}, {action("resetView", tr("Show the whole image"), [this] { resetView(); })}}}};
 }
 
-QString ImagePage::open(const QString& path)
+SettingGroup ImagePage::tableSettings()
 {
-    Outcome<Image> read = readImageFile(path);
-    if (!read)
-        return read.problem();
-    const std::optional<Image> old = std::move(image); // the view reads it until the new one's draw
-    image = std::move(read.value());
-    fileName = QFileInfo(path).fileName();
-    showFile();
-    return QString();
+    const auto range = [this](const QVariant&) { applyRange(); };
+    return {tr("Lookup table"),
+        {{{},
+             {check("table", tr("Map samples through the table"), false,
+                 [this](const QVariant& on) { enableTable(on.toBool()); })}},
+            {tr("Range"),
+                {whole("darkest", 0, kLargestSample, 0, range).withTip(tr("Black from here down")),
+                    whole("brightest", 0, kLargestSample, 255, range)
+                        .withTip(tr("White from here up"))}},
+            {{}, {action("fit", tr("Fit to image"), [this] { fitTable(); })}},
+            outsideRow(tr("Above"), "above", QColor(0xff, 0x4d, 0x3d),
+                &ImageView::enableAboveRangeColor, &ImageView::setAboveRangeColor),
+            outsideRow(tr("Below"), "below", QColor(0x14, 0x22, 0x44),
+                &ImageView::enableBelowRangeColor, &ImageView::setBelowRangeColor)}};
 }
 
-void ImagePage::showSimulation() { startCamera(false); }
-
-void ImagePage::startCamera(bool colour)
+SettingRow ImagePage::outsideRow(const QString& name, const char* key, const QColor& first,
+    void (ImageView::*enable)(bool), void (ImageView::*setColour)(const QColor&))
 {
-    camera = &scanner.camera(colour ? CameraKind::Colour : CameraKind::Mono);
-    panel->source().showSource(colour ? 1 : 0);
-    panel->setTablePossible(!colour);
-    panel->suit({kCameraShift, 0, LineScanCamera::kWhite}, false);
+    const QByteArray colourKey = QByteArray(key) + "Colour";
+    return {name,
+        {check(key, tr("In this colour"), false,
+             applied([this, enable](const QVariant& on) { (view().*enable)(on.toBool()); })),
+            colour(colourKey.constData(), first, applied([this, setColour](const QVariant& value) {
+                (view().*setColour)(value.value<QColor>());
+            }))}};
+}
+
+SettingGroup ImagePage::colourSettings()
+{
+    return {tr("Forced colour"),
+        {{{},
+             {check("forced", tr("Show four channels, masked"), false,
+                 [this](const QVariant& on) { forceColour(on.toBool()); })}},
+            maskRow(tr("Blue"), 0), maskRow(tr("Green"), 1), maskRow(tr("Red"), 2),
+            maskRow(tr("Alpha"), 3)}};
+}
+
+SettingRow ImagePage::maskRow(const QString& name, int channel)
+{
+    const auto mask = [this](int index) {
+        return applied(
+            [this, index](const QVariant& bits) { view().setMask(index, bits.toInt()); });
+    };
+    const QByteArray number = QByteArray::number(channel);
+    return {name,
+        {word(("and" + number).constData(), kLargestSample, mask(channel))
+                .withTip(tr("Bits that are kept")),
+            word(("or" + number).constData(), channel == 3 ? kLargestSample : 0,
+                mask(channel + kMaskChannels))
+                .withTip(tr("Bits that are set"))}};
+}
+
+std::unique_ptr<Filling> ImagePage::fill(const SharedContents& file)
+{
+    return std::make_unique<ImageFilling>(*this, file);
+}
+
+void ImagePage::show(const SharedContents& file)
+{
+    const SharedContents old = std::exchange(contents, file); // read until the new one's draw
+    const Image& image = file->image;
+    panel->set("below", false);
+    suit(file->range, image.wide && image.components == 1);
     draw();
-    Q_EMIT sourceChanged(
-        colour ? tr("Simulated line-scan camera, colour") : tr("Simulated line-scan camera, mono"));
+    setSource(tr("%1, %2 x %3 pixels, %4 of %5 bits")
+                  .arg(file->name)
+                  .arg(image.width)
+                  .arg(image.height)
+                  .arg(image.components == 1 ? tr("grey") : tr("colour"))
+                  .arg(image.wide ? 16 : 8));
 }
 
-void ImagePage::showFile()
+void ImagePage::showScanner() { chooseCamera(cameraKind); }
+
+void ImagePage::chooseCamera(CameraKind wanted)
 {
-    camera = nullptr;
-    panel->source().showFile(fileName);
-    panel->setTablePossible(image->components == 1);
-    panel->suit(displayRangeOf(*image), image->wide && image->components == 1);
+    const QString names[] = {tr("Heights, 0.2 \u00b5m a count"), tr("Grey, 12 bits"),
+        tr("Colour, 12 bits for each channel")};
+    cameraKind = wanted;
+    camera = &scene().camera(cameraKind);
+    const SharedContents old = std::exchange(contents, nullptr); // read until the camera's draw
+    panel->show("camera", static_cast<int>(cameraKind));
+    if (cameraKind == CameraKind::Range) {
+        suit({kRangeShift, 1, kHighestPart * LineScanCamera::kCountsPerMillimetre}, true);
+        panel->set("below", true); // where no light came back
+    } else {
+        panel->set("below", false);
+        suit({kCameraShift, 0, LineScanCamera::kWhite}, false);
+    }
     draw();
-    Q_EMIT sourceChanged(tr("%1, %2 x %3 pixels, %4 of %5 bits")
-                             .arg(fileName)
-                             .arg(image->width)
-                             .arg(image->height)
-                             .arg(image->components == 1 ? tr("grey") : tr("colour"))
-                             .arg(image->wide ? 16 : 8));
+    setSource(names[static_cast<std::size_t>(cameraKind)]);
 }
 
-bool ImagePage::canPlay() const { return !showsFile(); }
-
-bool ImagePage::step()
+bool ImagePage::takeFrame()
 {
-    camera->advance(panel->source().speed());
+    camera = &scene().camera(cameraKind);
     draw();
     return true;
+}
+
+int ImagePage::components() const
+{
+    return showsFile() ? contents->image.components : camera->components();
 }
 
 void ImagePage::draw() { drawRows(0); }
 
 void ImagePage::drawRows(int missingRows)
 {
-    void* samples = showsFile() ? static_cast<void*>(image->bytes.data()) : camera->frame();
-    const bool wide = !showsFile() || image->wide;
-    widget->view().drawScene(
+    void* samples
+        = showsFile() ? static_cast<void*>(contents->image.bytes.data()) : camera->frame();
+    const bool wide = !showsFile() || contents->image.wide;
+    view().drawScene(
         samples, width(), height() - missingRows, {components(), wide ? kWideSample : 0});
-    tellPixel();
 }
 
-/** Forced colour waits for a frame of another size; a frame that is one row short is one. */
-void ImagePage::rebuild()
+void ImagePage::suit(const DisplayRange& range, bool table)
 {
-    drawRows(1);
+    panel->show("darkest", range.darkest);
+    panel->show("brightest", range.brightest);
+    applyRange();
+    panel->set("table", table && components() == 1);
+}
+
+void ImagePage::applyRange()
+{
+    const int darkest = panel->whole("darkest");
+    const int brightest = panel->whole("brightest");
+    if (darkest < brightest) // while both are being typed they may cross
+        view().setLookupTableRange(Range(darkest, brightest));
+    view().redraw();
+}
+
+void ImagePage::enableTable(bool enable)
+{
+    if (enable && panel->isOn("forced"))
+        panel->set("forced", false); // the view does not combine the two
+    view().enableLookupTable(enable);
+    const int usual = showsFile()         ? contents->range.shift
+        : cameraKind == CameraKind::Range ? kRangeShift
+                                          : kCameraShift;
+    panel->set("shift", enable ? 0 : usual); // the table's range is told in raw samples
+    updateSettings();
+    view().redraw();
+}
+
+void ImagePage::forceColour(bool force)
+{
+    if (force && panel->isOn("table"))
+        panel->set("table", false);
+    view().forceColor(force);
+    updateSettings();
+    if (!camera)
+        return; // nothing is drawn yet
+    drawRows(1); // forced colour waits for a frame of another size
     draw();
 }
 
-void ImagePage::fit()
+void ImagePage::updateSettings()
 {
-    if (showsFile()) {
-        panel->suit(displayRangeOf(*image), true);
-    } else {
-        Image frame {width(), height(), components(), true, {}};
-        frame.allocate();
-        std::memcpy(frame.bytes.data(), camera->frame(), frame.bytes.size());
-        panel->suit(displayRangeOf(frame), true);
-    }
-    widget->view().redraw();
+    for (const char* name :
+        {"darkest", "brightest", "fit", "above", "below", "aboveColour", "belowColour"})
+        panel->enable(name, panel->isOn("table"));
+    for (const char* name : {"and0", "and1", "and2", "and3", "or0", "or1", "or2", "or3"})
+        panel->enable(name, panel->isOn("forced"));
+    panel->enable("table", !camera || components() == 1); // colour has no use for it
 }
 
-void ImagePage::resetView() { widget->view().resetCamera(); }
+void ImagePage::fitTable()
+{
+    if (showsFile())
+        return suit(contents->range, true);
+    Image copy {width(), height(), components(), true, {}};
+    copy.allocate();
+    std::memcpy(copy.bytes.data(), camera->frame(), copy.bytes.size());
+    suit(displayRangeOf(copy), true);
+}
+
+void ImagePage::resetView() { view().resetCamera(); }
 
 void ImagePage::prepareForPicture()
 {
     constexpr int kZoomSteps = 2;
-    if (!showsFile())
-        camera->advance(2 * height()); // the third part, whole and scratched
-    draw();
+    resetView();
     for (int i = 0; i < kZoomSteps; ++i) // as a user would make it larger
-        turnWheel(*widget->surface());
-    pointAt(width() / 2, height() / 3);
+        turnWheel(*viewed->surface());
 }
 
-void ImagePage::pointAt(int column, int row)
+int ImagePage::sampleAt(std::size_t index) const
 {
-    if (!isVisible())
-        return; // all views share one sender
-    pointedColumn = column;
-    pointedRow = row;
-    tellPixel();
+    return showsFile() ? contents->image.sample(index) : camera->frame()[index];
 }
 
-void ImagePage::tellPixel()
+QString ImagePage::textAt(int column, int row) const
 {
-    const bool inside
-        = pointedColumn >= 0 && pointedColumn < width() && pointedRow >= 0 && pointedRow < height();
-    Q_EMIT coordinatesChanged(inside ? sampleText(pointedColumn, pointedRow) : QString());
-}
-
-int ImagePage::sampleAt(std::size_t index)
-{
-    return showsFile() ? image->sample(index) : camera->frame()[index];
-}
-
-QString ImagePage::sampleText(int column, int row)
-{
+    if (column < 0 || column >= width() || row < 0 || row >= height())
+        return QString();
     const std::size_t index = (static_cast<std::size_t>(row) * static_cast<std::size_t>(width())
                                   + static_cast<std::size_t>(column))
         * static_cast<std::size_t>(components());

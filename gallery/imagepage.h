@@ -2,58 +2,63 @@
 #ifndef OVL_GALLERY_IMAGEPAGE_H
 #define OVL_GALLERY_IMAGEPAGE_H
 
-#include "image.h"
-#include "imagepanel.h"
 #include "page.h"
-#include "scannersimulation.h"
+#include "setting.h"
 #include <hosting/viewwidget.h>
 #include <visualization/imageview.h>
 
-#include <optional>
-
 namespace ovl::gallery {
 
-/** The image view: a simulated line-scan camera, or a picture from a file. */
+/** The image view: what the cameras over the belt deliver, or a picture from a file. */
 class ImagePage : public Page {
     Q_OBJECT
 
 public:
-    explicit ImagePage(ScannerSimulation& scanner, QWidget* parent = nullptr);
-    ~ImagePage() override;
+    explicit ImagePage(Scanner& scanner, QWidget* parent = nullptr);
 
-    QString open(const QString& path) override;
-    void showSimulation() override;
-    bool canPlay() const override;
-    bool step() override;
+    bool canShow(FileKind kind) const override { return kind == FileKind::Image; }
+    std::unique_ptr<Filling> fill(const SharedContents& file) override;
+    void showScanner() override;
     void resetView() override;
     void prepareForPicture() override;
+    using Page::textAt;
+    QString textAt(int column, int row) const override;
 
 private:
-    void connectPanel();
-    void startCamera(bool colour);
-    void showFile();
+    class ImageFilling;
+
+    SettingGroup sampleSettings();
+    SettingGroup tableSettings();
+    SettingGroup colourSettings();
+    SettingRow maskRow(const QString& name, int channel);
+    SettingRow outsideRow(const QString& name, const char* key, const QColor& first,
+        void (ImageView::*enable)(bool), void (ImageView::*setColour)(const QColor&));
+    Setting::Apply applied(std::function<void(const QVariant&)> apply);
+
+    bool takeFrame() override;
+    void show(const SharedContents& file);
+    void chooseCamera(CameraKind kind);
+    /** Sets shift, table and range to suit what is shown. */
+    void suit(const DisplayRange& range, bool table);
+    void applyRange();
+    void enableTable(bool enable);
+    void forceColour(bool force);
+    void updateSettings();
+    void fitTable();
     void draw();
     /** `missingRows` at the bottom are left out. */
     void drawRows(int missingRows);
-    void rebuild();
-    void fit();
-    void pointAt(int column, int row);
-    void tellPixel();
-    QString sampleText(int column, int row);
-    bool showsFile() const { return camera == nullptr; }
-    int width() const { return showsFile() ? image->width : camera->width(); }
-    int height() const { return showsFile() ? image->height : camera->height(); }
-    int components() const { return showsFile() ? image->components : camera->components(); }
-    int sampleAt(std::size_t index);
 
-    ScannerSimulation& scanner;
-    LineScanCamera* camera = nullptr; // the one that is shown; null while a file is
-    std::optional<Image> image; // the last file; the view reads it in place and goes first
-    QString fileName;
-    int pointedColumn = -1; // under the mouse; -1 for none
-    int pointedRow = -1;
-    hosting::ViewWidget<ImageView>* widget;
-    ImagePanel* panel;
+    int width() const { return showsFile() ? contents->image.width : camera->width(); }
+    int height() const { return showsFile() ? contents->image.height : camera->height(); }
+    int components() const;
+    int sampleAt(std::size_t index) const;
+
+    ImageView& view() const { return viewed->view(); }
+
+    CameraKind cameraKind = CameraKind::Range;
+    LineScanCamera* camera = nullptr; // of the present kind
+    hosting::ViewWidget<ImageView>* viewed;
 };
 
 } // namespace ovl::gallery

@@ -6,10 +6,14 @@
 #include <hosting/viewwidget.h>
 
 #include <QApplication>
+#include <QEventLoop>
+#include <QSettings>
 
 #include <cstdio>
 
 namespace {
+
+using namespace ovl::gallery;
 
 enum ExitCode { Fine = 0, Failed = 1, FileNotShown = 2 };
 
@@ -19,11 +23,31 @@ int unknownPage(const QString& name)
     return Failed;
 }
 
+/** Pictures are the same whatever the user's window looked like last. */
+std::unique_ptr<QSettings> memoryFor(const CommandLine& wanted)
+{
+    if (!wanted.settings.isEmpty())
+        return std::make_unique<QSettings>(wanted.settings, QSettings::IniFormat);
+    return wanted.folder.isEmpty()
+        ? std::make_unique<QSettings>(QStringLiteral("ovl"), QStringLiteral("gallery"))
+        : nullptr;
+}
+
+int grab(MainWindow& window, const CommandLine& wanted)
+{
+    if (window.isOpening()) {
+        QEventLoop opening;
+        QObject::connect(&window, &MainWindow::openingFinished, &opening, &QEventLoop::quit);
+        opening.exec();
+    }
+    Pictures pictures {wanted.folder, wanted.page, wanted.files.isEmpty()};
+    return writePictures(window, pictures) ? Fine : Failed;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
-    using namespace ovl::gallery;
     ovl::hosting::prepareApplication();
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
@@ -33,17 +57,15 @@ int main(int argc, char** argv)
     const CommandLine wanted = readCommandLine();
     applyTheme(application);
 
-    MainWindow window;
-    const int page = window.pageNamed(wanted.page);
-    if (page < 0 && !wanted.page.isNull())
+    MainWindow window(memoryFor(wanted));
+    bool known = true;
+    const int page = window.pageNamed(wanted.page, &known);
+    if (!known && !wanted.page.isEmpty())
         return unknownPage(wanted.page);
-    window.showPage(qMax(0, page));
-    const bool shown = wanted.file.isNull() || window.open(wanted.file);
+    if (!wanted.page.isEmpty())
+        window.showPage(page);
+    window.open(wanted.files);
     window.show();
-    int result = Fine;
-    if (wanted.folder.isNull())
-        result = QApplication::exec();
-    else if (!writePictures(window, wanted.folder, wanted.page))
-        result = Failed;
-    return result == Fine && !shown ? FileNotShown : result;
+    const int result = wanted.folder.isEmpty() ? QApplication::exec() : grab(window, wanted);
+    return result == Fine && window.failures() > 0 ? FileNotShown : result;
 }

@@ -2,282 +2,351 @@
 #include "mainwindow.h"
 
 #include "cloudpage.h"
+#include "examplecontents.h"
+#include "fileopener.h"
 #include "imagepage.h"
+#include "jobbar.h"
 #include "noticebar.h"
 #include "profilepage.h"
+#include "scannerbar.h"
+#include "settingspanel.h"
 #include "surfacepage.h"
+#include <visualization/coordinatessender.h>
 
-#include <QAction>
+#include <QCloseEvent>
+#include <QDockWidget>
 #include <QDragEnterEvent>
-#include <QFileDialog>
 #include <QFontDatabase>
+#include <QGridLayout>
 #include <QLabel>
-#include <QMenuBar>
 #include <QMimeData>
+#include <QSettings>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTabBar>
-#include <QVBoxLayout>
 
-#include <algorithm>
+#include <cmath>
 #include <cstdio>
 
 namespace ovl::gallery {
+namespace {
 
-MainWindow::MainWindow()
-    : tabs(new QTabBar)
-    , stack(new QStackedWidget)
-    , notice(new NoticeBar(this))
-    , source(new QLabel)
-    , coordinates(new QLabel)
+constexpr int kRateInterval = 500; // ms
+constexpr int kColumns = 2; // of pages
+
+QStringList localFiles(const QMimeData& data)
+{
+    QStringList paths;
+    for (const QUrl& url : data.urls())
+        if (url.isLocalFile())
+            paths.append(url.toLocalFile());
+    return paths;
+}
+
+} // namespace
+
+MainWindow::MainWindow(std::unique_ptr<QSettings> settings)
+    : memory(std::move(settings))
+    , opener(nullptr)
 {
     setWindowTitle(tr("ovl gallery"));
     setAcceptDrops(true);
-    tabs->setObjectName(QStringLiteral("pages"));
-    tabs->setDrawBase(false);
-    tabs->setExpanding(false);
-    coordinates->setObjectName(QStringLiteral("coordinates"));
-    coordinates->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    statusBar()->setSizeGripEnabled(false);
-    statusBar()->addWidget(source, 1);
-    statusBar()->addPermanentWidget(coordinates);
-    source->setContentsMargins(10, 0, 0, 0);
-    source->setTextFormat(Qt::PlainText);
-
-    auto* centre = new QWidget;
-    auto* layout = new QVBoxLayout(centre);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addWidget(tabs);
-    layout->addWidget(notice);
-    layout->addWidget(stack, 1);
-    setCentralWidget(centre);
-
+    setDockOptions(AnimatedDocks);
+    addCentre();
+    addDock();
     addPages();
+    addStatusLine();
+    connectOpener();
+    connectSender();
     addFileMenu();
     addViewMenu();
-    addSourceMenu();
-    for (const Entry& entry : entries)
-        tabs->addTab(entry.title);
-    connect(tabs, &QTabBar::currentChanged, this, &MainWindow::showPage);
-    resize(1280, 800);
+    addScannerMenu();
+    restoreLayout();
+    feeder.setRunning(true);
 }
 
 MainWindow::~MainWindow()
 {
-    delete takeCentralWidget(); // the views read the scanner's memory until they go
+    feeder.setRunning(false);
+    delete opener; // its fillings point at the pages
+    for (const Entry& entry : pages) {
+        entry.page->disconnect(this);
+        delete entry.page; // the views read the scanner's memory until they go
+    }
+}
+
+void MainWindow::addCentre()
+{
+    auto* centre = new QWidget;
+    tabs = new QTabBar;
+    tabs->setObjectName(QStringLiteral("pages"));
+    tabs->setDrawBase(false);
+    tabs->setExpanding(false);
+    auto* top = new QWidget;
+    auto* strip = new QHBoxLayout(top);
+    strip->setContentsMargins(0, 0, 0, 0);
+    strip->addWidget(tabs);
+    strip->addStretch(1);
+    strip->addWidget(new ScannerBar(feeder));
+    notice = new NoticeBar(centre);
+    job = new JobBar(centre);
+    grid = new QGridLayout;
+    grid->setSpacing(1);
+    auto* column = new QVBoxLayout(centre);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(top);
+    column->addWidget(notice);
+    column->addWidget(job);
+    column->addLayout(grid, 1);
+    setCentralWidget(centre);
 }
 
 void MainWindow::addPages()
 {
-    const auto add = [this](const char* name, const QString& title, FileKind kind, auto make) {
-        entries.push_back(
-            {QString::fromLatin1(name), title, kind, make, nullptr, QString(), QString()});
-    };
-    add("image", tr("Image"), FileKind::Image, [this] { return new ImagePage(scanner); });
-    add("profile", tr("Profile"), FileKind::Table, [this] { return new ProfilePage(scanner); });
-    add("cloud", tr("Point cloud"), FileKind::Grid, [this] { return new CloudPage(scanner); });
-    add("surface", tr("Surface"), FileKind::Grid, [this] { return new SurfacePage(scanner); });
-}
-
-void MainWindow::addFileMenu()
-{
-    QMenu* menu = menuBar()->addMenu(tr("&File"));
-    menu->addAction(tr("&Open..."), this, &MainWindow::chooseFile, QKeySequence::Open);
-    menu->addAction(
-        tr("&Back to the simulation"), this, [this] { currentPage()->showSimulation(); },
-        QKeySequence(tr("Ctrl+B")));
-    menu->addAction(tr("&Save picture..."), this, &MainWindow::savePicture, QKeySequence::Save);
-    menu->addSeparator();
-    menu->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence(tr("Ctrl+Q")));
-}
-
-void MainWindow::addViewMenu()
-{
-    QMenu* menu = menuBar()->addMenu(tr("&View"));
-    for (int index = 0; index < pageCount(); ++index)
-        menu->addAction(
-            entries[static_cast<std::size_t>(index)].title, this,
-            [this, index] { showPage(index); },
-            QKeySequence(QStringLiteral("Ctrl+%1").arg(index + 1)));
-    menu->addSeparator();
-    menu->addAction(
-        tr("&Reset view"), this, [this] { currentPage()->resetView(); },
-        QKeySequence(tr("Ctrl+R")));
-    panel = menu->addAction(tr("Settings &panel"));
-    panel->setCheckable(true);
-    panel->setChecked(true);
-    panel->setShortcut(QKeySequence(Qt::Key_F9));
-    connect(
-        panel, &QAction::toggled, this, [this](bool on) { currentPage()->setPanelVisible(on); });
-    QAction* full = menu->addAction(tr("&Full screen"));
-    full->setCheckable(true);
-    full->setShortcut(QKeySequence(Qt::Key_F11));
-    connect(full, &QAction::toggled, this, [this](bool on) {
-        setWindowState(
-            on ? windowState() | Qt::WindowFullScreen : windowState() & ~Qt::WindowFullScreen);
-    });
-}
-
-void MainWindow::addSourceMenu()
-{
-    QMenu* menu = menuBar()->addMenu(tr("&Scanner"));
-    play = menu->addAction(tr("&Play"));
-    play->setCheckable(true);
-    play->setShortcut(QKeySequence(tr("Ctrl+P")));
-    connect(play, &QAction::triggered, this, [this](bool on) { currentPage()->setPlaying(on); });
-    step = menu->addAction(
-        tr("&Next frame"), this,
-        [this] {
-            currentPage()->setPlaying(false);
-            currentPage()->step();
-        },
-        QKeySequence(tr("Ctrl+N")));
-}
-
-int MainWindow::pageCount() const { return static_cast<int>(entries.size()); }
-
-QString MainWindow::pageName(int index) const
-{
-    return entries[static_cast<std::size_t>(index)].name;
-}
-
-int MainWindow::pageNamed(const QString& name) const
-{
-    const auto found = std::find_if(
-        entries.begin(), entries.end(), [&](const Entry& entry) { return entry.name == name; });
-    return found == entries.end() ? -1 : static_cast<int>(found - entries.begin());
-}
-
-int MainWindow::pageFor(FileKind kind) const
-{
-    const int current = tabs->currentIndex();
-    if (current >= 0 && entries[static_cast<std::size_t>(current)].kind == kind)
-        return current; // several pages may show a kind
-    const auto found = std::find_if(
-        entries.begin(), entries.end(), [&](const Entry& entry) { return entry.kind == kind; });
-    return found == entries.end() ? -1 : static_cast<int>(found - entries.begin());
-}
-
-Page* MainWindow::currentPage() const { return qobject_cast<Page*>(stack->currentWidget()); }
-
-Page* MainWindow::pageAt(int index)
-{
-    Entry& entry = entries[static_cast<std::size_t>(index)];
-    if (!entry.page) {
-        entry.page = entry.make();
-        stack->addWidget(entry.page);
+    pages = {{QStringLiteral("image"), new ImagePage(feeder)},
+        {QStringLiteral("profile"), new ProfilePage(feeder)},
+        {QStringLiteral("cloud"), new CloudPage(feeder)},
+        {QStringLiteral("surface"), new SurfacePage(feeder)}};
+    tabs->addTab(tr("All views"));
+    for (int index = 0; index < pageCount(); ++index) {
+        grid->addWidget(page(index), index / kColumns, index % kColumns);
+        panels->addWidget(page(index)->settings());
         connectPage(index);
-        entry.page->showSimulation();
-        if (!entry.file.isNull())
-            entry.page->open(entry.file);
+        tabs->addTab(page(index)->title());
     }
-    return entry.page;
+    connect(tabs, &QTabBar::currentChanged, this, [this](int tab) { showPage(tab - 1); });
+    showPage(kAll);
 }
 
 void MainWindow::connectPage(int index)
 {
-    Page* page = entries[static_cast<std::size_t>(index)].page;
-    connect(page, &Page::coordinatesChanged, this, [this, page](const QString& text) {
-        if (page == currentPage())
-            coordinates->setText(text);
+    Page* const shown = page(index);
+    connect(shown, &Page::activated, this, [this, index] { activate(index); });
+    connect(shown, &Page::maximiseWanted, this,
+        [this, index] { showPage(alone == kAll ? index : kAll); });
+    connect(shown, &Page::pointedAt, this, [this, index] { pointAt(index); });
+    connect(shown, &Page::pointerLeft, this, [this] { tellPlace({}); });
+    connect(shown, &Page::frameTaken, this, [this, index] {
+        if (index == pointed)
+            tellPlace(place); // another sample lies there now
     });
-    connect(page, &Page::sourceChanged, this, [this, index](const QString& text) {
-        entries[static_cast<std::size_t>(index)].source = text;
-        updateActions();
+}
+
+void MainWindow::addDock()
+{
+    panels = new QStackedWidget;
+    dock = new QDockWidget(tr("Settings"));
+    dock->setObjectName(QStringLiteral("settings"));
+    dock->setWidget(panels);
+    dock->setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
+    addDockWidget(Qt::RightDockWidgetArea, dock);
+}
+
+void MainWindow::addStatusLine()
+{
+    const QFont even = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    coordinates = new QLabel;
+    coordinates->setObjectName(QStringLiteral("coordinates"));
+    coordinates->setFont(even);
+    coordinates->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    fileLabel = new QLabel;
+    fileLabel->setObjectName(QStringLiteral("file"));
+    rates = new QLabel;
+    rates->setObjectName(QStringLiteral("rates"));
+    rates->setToolTip(tr("Frames really painted in a second, view by view"));
+    statusBar()->setSizeGripEnabled(false);
+    statusBar()->addWidget(coordinates, 1);
+    statusBar()->addPermanentWidget(fileLabel);
+    statusBar()->addPermanentWidget(rates);
+    connect(&rateTimer, &QTimer::timeout, this, &MainWindow::showRates);
+    rateTimer.start(kRateInterval);
+    showRates();
+}
+
+void MainWindow::connectOpener()
+{
+    opener = new FileOpener([this](const SharedContents& contents) {
+        std::vector<std::unique_ptr<Filling>> fillings;
+        for (const Entry& entry : pages)
+            if (entry.page->canShow(contents->kind))
+                fillings.push_back(entry.page->fill(contents));
+        return fillings;
     });
-    connect(page, &Page::playingChanged, this, &MainWindow::updateActions);
-    connect(page, &Page::remarked, this, [this](const QString& text) {
-        std::fprintf(stderr, "ovl-gallery: %s\n", qUtf8Printable(text));
-        notice->showRemark(text);
+    connect(job, &JobBar::cancelWanted, opener, &FileOpener::cancel);
+    connect(opener, &FileOpener::started, job,
+        [this](const QString& name) { job->begin(tr("Opening %1").arg(name)); });
+    connect(opener, &FileOpener::progressed, job, &JobBar::setShare);
+    connect(opener, &FileOpener::opened, this, &MainWindow::takeOpened);
+    connect(opener, &FileOpener::failed, this, &MainWindow::tellProblem);
+    connect(opener, &FileOpener::finished, this, [this] {
+        job->end();
+        Q_EMIT openingFinished();
     });
+}
+
+/** There is one sender for all views; the page that saw the mouse last is the one that speaks. */
+void MainWindow::connectSender()
+{
+    const CoordinatesSender* sender = CoordinatesSender::instance();
+    connect(sender, &CoordinatesSender::signal_sendCoordinates, this, [this](int column, int row) {
+        tellPlace([column, row](const Page& shown) { return shown.textAt(column, row); });
+    });
+    connect(sender, &CoordinatesSender::signal_sendSpaceCoordinates, this,
+        [this](double x, double y, double z) {
+            tellPlace([x, y, z](const Page& shown) { return shown.textAt(x, y, z); });
+        });
+    connect(sender, &CoordinatesSender::signal_clearCoordinates, this, [this] { tellPlace({}); });
+}
+
+void MainWindow::pointAt(int index)
+{
+    if (index != pointed)
+        tellPlace({});
+    pointed = index;
+}
+
+void MainWindow::tellPlace(std::function<QString(const Page&)> describe)
+{
+    place = std::move(describe);
+    const Page& shown = *page(pointed);
+    const QString text = place ? place(shown) : QString();
+    coordinates->setText(
+        text.isEmpty() ? text : QStringLiteral("%1   %2").arg(shown.title(), text));
+}
+
+void MainWindow::showRates()
+{
+    QStringList texts;
+    for (const Entry& entry : pages) {
+        const double rate = entry.page->frameRate();
+        texts.append(QStringLiteral("%1 %2").arg(entry.page->title(),
+            rate > 0 ? QString::number(rate, 'f', rate < 9.95 ? 1 : 0) : QStringLiteral("\u2013")));
+    }
+    rates->setText(tr("%1   frames/s").arg(texts.join(QStringLiteral("   \u00b7   "))));
+}
+
+QString MainWindow::pageName(int index) const
+{
+    return pages[static_cast<std::size_t>(index)].name;
+}
+
+int MainWindow::pageNamed(const QString& name, bool* known) const
+{
+    if (known)
+        *known = true;
+    for (int index = 0; index < pageCount(); ++index)
+        if (pageName(index) == name)
+            return index;
+    if (known)
+        *known = name == QLatin1String("all");
+    return kAll;
 }
 
 void MainWindow::showPage(int index)
 {
-    Page* page = pageAt(index);
-    tabs->setCurrentIndex(index);
-    stack->setCurrentWidget(page);
-    page->setPanelVisible(panel->isChecked());
-    coordinates->clear();
-    updateActions();
-}
-
-void MainWindow::updateActions()
-{
-    const Page* page = currentPage();
-    if (!page)
-        return;
-    play->setEnabled(page->canPlay());
-    step->setEnabled(page->canPlay());
-    play->setChecked(page->isPlaying());
-    source->setText(entries[static_cast<std::size_t>(tabs->currentIndex())].source);
-}
-
-bool MainWindow::open(const QString& path)
-{
-    Outcome<FileKind> kind = fileKindOf(path);
-    QString problem = kind.problem();
-    if (kind) {
-        const int index = pageFor(kind.value());
-        notice->hide();
-        problem = index < 0 ? tr("no page shows this kind of file") : pageAt(index)->open(path);
-        if (problem.isEmpty()) {
-            shareWithOthers(index, path);
-            showPage(index);
-            return true;
-        }
+    alone = index;
+    for (int each = 0; each < pageCount(); ++each) {
+        const bool shown = index == kAll || index == each;
+        page(each)->setVisible(shown);
+        // A row and a column whose pages are hidden take no room.
+        grid->setRowStretch(
+            each / kColumns, index == kAll || index / kColumns == each / kColumns ? 1 : 0);
+        grid->setColumnStretch(
+            each % kColumns, index == kAll || index % kColumns == each % kColumns ? 1 : 0);
     }
+    tabs->setCurrentIndex(index + 1);
+    activate(index == kAll ? active : index);
+}
+
+void MainWindow::activate(int index)
+{
+    active = index;
+    panels->setCurrentWidget(currentPage()->settings());
+    dock->setWindowTitle(tr("Settings: %1").arg(currentPage()->title()));
+    for (int each = 0; each < pageCount(); ++each)
+        page(each)->setActive(alone == kAll && each == index);
+}
+
+void MainWindow::backToScanner()
+{
+    opener->cancel();
+    for (const Entry& entry : pages)
+        if (entry.page->showsFile())
+            entry.page->showScanner();
+}
+
+void MainWindow::open(const QStringList& paths)
+{
+    if (paths.isEmpty())
+        return;
+    if (!opener->isBusy())
+        notice->hide();
+    files.add(paths);
+    opener->open(paths);
+}
+
+void MainWindow::openExample(Example example) { opener->show(exampleContents(example)); }
+
+bool MainWindow::isOpening() const { return opener->isBusy(); }
+
+void MainWindow::openNeighbour(const QString& path)
+{
+    if (!path.isEmpty())
+        open({path});
+}
+
+void MainWindow::takeOpened(const QString& path, const SharedContents& contents)
+{
+    if (!path.isEmpty()) {
+        files.setCurrent(path);
+        fileLabel->setText(files.count() > 1
+                ? tr("File %1 of %2").arg(files.place()).arg(files.count())
+                : QString());
+        updateRecent();
+    }
+    if (!contents->remark.isEmpty()) {
+        const QString text = QStringLiteral("%1: %2").arg(path, contents->remark);
+        std::fprintf(stderr, "ovl-gallery: %s\n", qUtf8Printable(text));
+        notice->showRemark(text);
+    }
+    if (currentPage()->canShow(contents->kind))
+        return showPage(alone == kAll ? kAll : active); // several pages may show a kind
+    for (int index = 0; index < pageCount(); ++index)
+        if (page(index)->canShow(contents->kind)) {
+            if (alone == kAll)
+                activate(index);
+            else
+                showPage(index);
+            return;
+        }
+}
+
+void MainWindow::tellProblem(const QString& path, const QString& problem)
+{
+    ++failed;
     const QString message = QStringLiteral("%1: %2").arg(path, problem);
     std::fprintf(stderr, "ovl-gallery: %s\n", qUtf8Printable(message));
     notice->showProblem(message);
-    return false;
-}
-
-/** All pages for a kind show the same file; those that do not exist yet will. */
-void MainWindow::shareWithOthers(int index, const QString& path)
-{
-    const Entry& shown = entries[static_cast<std::size_t>(index)];
-    for (Entry& entry : entries) {
-        if (&entry == &shown || entry.kind != shown.kind)
-            continue;
-        if (entry.page)
-            entry.page->open(path);
-        else
-            entry.file = path;
-    }
-}
-
-void MainWindow::chooseFile()
-{
-    const QString path = QFileDialog::getOpenFileName(this, tr("Open"), QString(),
-        tr("Everything that can be shown (*.png *.tif *.tiff *.pnm *.pgm *.ppm *.pbm *.csv *.tsv "
-           "*.asc *.grd);;Images (*.png *.tif *.tiff *.pnm *.pgm *.ppm *.pbm);;Tables (*.csv "
-           "*.tsv);;Height grids (*.asc *.grd);;All files (*)"));
-    if (!path.isEmpty())
-        open(path);
-}
-
-void MainWindow::savePicture()
-{
-    const QPixmap picture = grab();
-    const QString path = QFileDialog::getSaveFileName(
-        this, tr("Save picture"), QStringLiteral("gallery.png"), tr("PNG images (*.png)"));
-    if (!path.isEmpty() && !picture.save(path, "png"))
-        notice->showProblem(tr("%1: the picture could not be written").arg(path));
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (event->mimeData()->hasUrls())
+    if (!localFiles(*event->mimeData()).isEmpty())
         event->acceptProposedAction();
 }
 
 void MainWindow::dropEvent(QDropEvent* event)
 {
-    const QList<QUrl> urls = event->mimeData()->urls();
-    if (!urls.isEmpty())
-        open(urls.constFirst().toLocalFile());
+    event->acceptProposedAction();
+    open(localFiles(*event->mimeData()));
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    saveLayout();
+    opener->cancel();
+    QMainWindow::closeEvent(event);
 }
 
 } // namespace ovl::gallery

@@ -55,25 +55,6 @@ void addEdge(Shape& shape, const Edge& edge)
     shape.addLine(Point(edge.from.x, edge.from.y), Point(edge.to.x, edge.to.y));
 }
 
-Shape styledShape(int tool)
-{
-    const Look& look = lookOf(tool);
-    Shape shape;
-    shape.setIdentifier(tool);
-    shape.setTitle(QString::fromLatin1(look.title));
-    shape.setColor(look.colour);
-    shape.setHandleColor(look.colour);
-    shape.setHandleSize(6);
-    shape.setLineType(look.line);
-    shape.setPriority(look.priority);
-    shape.setInteractive(true); // the handles can be taken
-    shape.setCanDragAlongX(true);
-    shape.setLegendVisible(false);
-    shape.setTooltipsVisibility(false); // the shape as a whole has one
-    shape.setHandleTooltipVisibility(false);
-    return shape;
-}
-
 } // namespace
 
 MeasuringTools::MeasuringTools(QObject* parent)
@@ -118,12 +99,34 @@ void MeasuringTools::addTo(ProfileView& view)
     addDistance(view);
 }
 
+Shape MeasuringTools::styledShape(Tool tool, bool alongY) const
+{
+    const Look& own = lookOf(tool);
+    Shape shape;
+    shape.setIdentifier(tool);
+    shape.setTitle(QString::fromLatin1(own.title));
+    shape.setColor(own.colour);
+    shape.setHandleColor(own.colour);
+    shape.setHandleSize(look.handleSize);
+    shape.setHandleVisibility(look.handles);
+    shape.setLineType(own.line);
+    shape.setPriority(own.priority);
+    shape.setInteractive(look.interactive);
+    shape.setCanDragAlongX(look.alongX);
+    shape.setCanDragAlongY(look.alongY && alongY);
+    shape.setLegendVisible(look.legend);
+    shape.setTooltipsVisibility(false); // the shape as a whole has one
+    shape.setHandleTooltipVisibility(false);
+    if (look.tooltips)
+        shape.setShapeTooltipCallback([this, tool](const Point&) { return tooltip(tool); });
+    return shape;
+}
+
 Box& MeasuringTools::box(Tool tool) { return tool == BandA ? bandA : tool == BandB ? bandB : area; }
 
 void MeasuringTools::addBox(ProfileView& view, Tool tool, bool alongY)
 {
-    Shape shape = styledShape(tool);
-    shape.setCanDragAlongY(alongY);
+    Shape shape = styledShape(tool, alongY);
     for (const Edge& edge : box(tool).edges())
         addEdge(shape, edge);
     // The shape never moves itself: each callback moves the box, and the shape after it.
@@ -143,14 +146,12 @@ void MeasuringTools::addBox(ProfileView& view, Tool tool, bool alongY)
     });
     // Not earlier: the side under the mouse must stay the same while it is dragged.
     shape.setOnMouseReleaseCallback([this, tool] { box(tool).putInOrder(); });
-    shape.setShapeTooltipCallback([this, tool](const Point&) { return tooltip(tool); });
     view.addShape(shape);
 }
 
 void MeasuringTools::addDistance(ProfileView& view)
 {
-    Shape shape = styledShape(Distance);
-    shape.setCanDragAlongY(true);
+    Shape shape = styledShape(Distance, true);
     addEdge(shape, {distance.first, distance.second});
     const auto change = [this, &view](auto operation) {
         operation(distance);
@@ -170,7 +171,6 @@ void MeasuringTools::addDistance(ProfileView& view)
     shape.setInsidePolygonCallback([this](const Point& point) {
         return distance.passes({point.x(), point.y()}, xReach, yReach);
     });
-    shape.setShapeTooltipCallback([this](const Point&) { return tooltip(Distance); });
     view.addShape(shape);
 }
 

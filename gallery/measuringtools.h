@@ -17,6 +17,17 @@ class Shape;
 
 namespace ovl::gallery {
 
+/** How the tools are shown, and what the mouse may do with them. */
+struct ToolLook {
+    bool interactive = true; // handles can be taken
+    bool alongX = true; // may be dragged
+    bool alongY = true;
+    bool handles = true; // are seen
+    int handleSize = 6; // pixels
+    bool legend = false;
+    bool tooltips = true; // of the tools as a whole
+};
+
 /**
  * Regions on a profile view that the user moves and resizes: two bands for the height of a step, a
  * box for mean and spread, a line for a distance. All measure the first curve.
@@ -31,6 +42,8 @@ public:
 
     /** Between the view's numbers and the table's: powers of ten, and a unit for both axes. */
     void setScale(int xExponent, int yExponent, const QString& unit);
+    /** For the tools that are added from now on. */
+    void setLook(const ToolLook& wanted) { look = wanted; }
     /** Puts the tools where they can be seen in these ranges. */
     void place(const HomeRange& bottom, const HomeRange& left);
     /** Puts them on plate, boss, pocket and pads of the simulated part. */
@@ -52,12 +65,14 @@ private:
 
     void addBox(ProfileView& view, Tool tool, bool alongY);
     void addDistance(ProfileView& view);
+    Shape styledShape(Tool tool, bool alongY) const;
     Box& box(Tool tool);
     void moveShape(ProfileView& view, Tool tool);
     QString tooltip(Tool tool) const;
     Statistics statisticsOf(const Box& box, const Table& table, bool wholeHeight) const;
     QString number(double value) const;
 
+    ToolLook look;
     Box bandA;
     Box bandB;
     Box area;

@@ -2,70 +2,110 @@
 #include "page.h"
 
 #include "settingspanel.h"
-#include "sourcecontrols.h"
 #include <hosting/viewwidget.h>
 
+#include <QEvent>
 #include <QHBoxLayout>
+#include <QLabel>
+#include <QOpenGLWidget>
+#include <QStyle>
+#include <QVBoxLayout>
 
 namespace ovl::gallery {
+namespace {
 
-Page::Page(int frameInterval, QWidget* parent)
+QLabel* makeLabel(const QString& text, const char* role)
+{
+    auto* label = new QLabel(text);
+    label->setProperty("role", QString::fromLatin1(role));
+    label->setTextFormat(Qt::PlainText);
+    // A long text must not keep the window from becoming narrow.
+    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    return label;
+}
+
+} // namespace
+
+Page::Page(Scanner& scanner, const QString& title, const QString& hint, QWidget* parent)
     : QWidget(parent)
-    , interval(frameInterval)
+    , panel(new SettingsPanel)
+    , feeder(scanner)
+    , heading(title)
+    , frame(new QVBoxLayout(this))
+    , strip(new QWidget)
+    , sourceLabel(makeLabel(QString(), "source"))
 {
+    strip->setProperty("role", QStringLiteral("strip"));
+    strip->setToolTip(tr("Double click: this view alone, or all four"));
+    auto* name = new QLabel(title);
+    name->setProperty("role", QStringLiteral("title"));
+    sourceLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    auto* row = new QHBoxLayout(strip);
+    row->setContentsMargins(12, 5, 12, 5);
+    row->setSpacing(16);
+    row->addWidget(name);
+    row->addWidget(sourceLabel, 1);
+    frame->setContentsMargins(0, 0, 0, 0);
+    frame->setSpacing(0);
+    frame->addWidget(strip);
+    frame->addWidget(makeLabel(hint, "hint"));
+    life.start();
+    connect(&scanner, &Scanner::moved, this, &Page::noteScannerMoved);
+    connect(&scanner, &Scanner::runningChanged, this, [this](bool running) {
+        if (!running && awaitsFrame)
+            noteScannerMoved(); // the last one is shown, even if its turn had not come
+    });
 }
 
-void Page::setContent(hosting::AbstractViewWidget* viewWidget, SettingsPanel* settings)
+Page::~Page() { delete static_cast<QWidget*>(shownView); }
+
+void Page::setView(hosting::AbstractViewWidget* view)
 {
-    view = viewWidget;
-    panel = settings;
-    if (!layout()) {
-        auto* row = new QHBoxLayout(this);
-        row->setContentsMargins(0, 0, 0, 0);
-        row->setSpacing(0);
-        row->addWidget(panel);
-    }
-    static_cast<QHBoxLayout*>(layout())->insertWidget(0, view, 1);
+    delete static_cast<QWidget*>(shownView);
+    shownView = view;
+    frame->insertWidget(1, shownView, 1);
+    shownView->surface()->installEventFilter(this);
     awaitsPaint = false;
-    connect(view, &hosting::AbstractViewWidget::rendered, this, &Page::notePaint);
+    connect(shownView, &hosting::AbstractViewWidget::rendered, this, &Page::notePaint);
 }
 
-void Page::connectSource(SourceControls& controls)
+void Page::setSource(const QString& text)
 {
-    connect(&controls, &SourceControls::playingChosen, this, &Page::setPlaying);
-    connect(this, &Page::playingChanged, &controls, &SourceControls::showPlaying);
-    controls.showPlaying(playing);
+    sourceText = text;
+    sourceLabel->setText(text);
+    sourceLabel->setToolTip(text);
+    Q_EMIT sourceChanged();
 }
 
-void Page::setPlaying(bool on)
+void Page::setActive(bool active)
 {
-    if (playing == on)
+    strip->setProperty("active", active);
+    for (QWidget* each : strip->findChildren<QWidget*>() << strip) {
+        each->style()->unpolish(each); // the style sheet looks at the property once only
+        each->style()->polish(each);
+    }
+}
+
+QString Page::textAt(int, int) const { return QString(); }
+
+QString Page::textAt(double, double, double) const { return QString(); }
+
+void Page::noteScannerMoved()
+{
+    if (showsFile())
         return;
-    playing = on;
-    updateClock();
-    Q_EMIT playingChanged(on);
+    awaitsFrame = true;
+    if (isVisible() && (isDue() || !feeder.isRunning())) // nothing follows when it stands
+        takeFrameNow();
 }
 
-void Page::setPanelVisible(bool visible) { panel->setVisible(visible); }
-
-void Page::showEvent(QShowEvent* event)
+void Page::takeFrameNow()
 {
-    QWidget::showEvent(event);
-    updateClock();
-}
-
-void Page::hideEvent(QHideEvent* event)
-{
-    QWidget::hideEvent(event);
-    updateClock();
-}
-
-void Page::timerEvent(QTimerEvent*)
-{
-    if (!canPlay() || !isDue())
-        return;
-    sinceStep.start();
-    awaitsPaint = step();
+    awaitsFrame = false;
+    sinceFrame.start();
+    awaitsPaint = takeFrame();
+    if (awaitsPaint)
+        Q_EMIT frameTaken();
 }
 
 /**
@@ -79,23 +119,45 @@ bool Page::isDue() const
 
 void Page::notePaint()
 {
+    meter.addFrame(life.elapsed());
     if (!awaitsPaint)
         return;
     awaitsPaint = false;
-    lastCost = sinceStep.elapsed();
+    lastCost = sinceFrame.elapsed();
     sincePaint.start();
 }
 
-void Page::updateClock()
+double Page::frameRate() const { return meter.rate(life.elapsed()); }
+
+void Page::showEvent(QShowEvent* event)
 {
-    const bool run = playing && isVisible();
+    QWidget::showEvent(event);
     awaitsPaint = false; // a page that was hidden meanwhile has not been painted
-    if (run && clock == 0) {
-        clock = startTimer(interval);
-    } else if (!run && clock != 0) {
-        killTimer(clock);
-        clock = 0;
-    }
+    if (awaitsFrame && !showsFile())
+        takeFrameNow();
 }
+
+bool Page::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::MouseMove:
+        Q_EMIT pointedAt();
+        break;
+    case QEvent::Leave:
+        Q_EMIT pointerLeft();
+        break;
+    case QEvent::MouseButtonPress:
+    case QEvent::Wheel:
+        Q_EMIT activated();
+        break;
+    default:
+        break;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void Page::mousePressEvent(QMouseEvent*) { Q_EMIT activated(); }
+
+void Page::mouseDoubleClickEvent(QMouseEvent*) { Q_EMIT maximiseWanted(); }
 
 } // namespace ovl::gallery

@@ -2,10 +2,16 @@
 #ifndef OVL_GALLERY_PAGE_H
 #define OVL_GALLERY_PAGE_H
 
-#include "filekind.h"
+#include "filecontents.h"
+#include "filling.h"
+#include "framemeter.h"
+#include "scanner.h"
 
 #include <QElapsedTimer>
 #include <QWidget>
+
+class QLabel;
+class QVBoxLayout;
 
 namespace ovl::hosting {
 class AbstractViewWidget;
@@ -14,69 +20,90 @@ class AbstractViewWidget;
 namespace ovl::gallery {
 
 class SettingsPanel;
-class SourceControls;
 
-/** One view with its data and its settings; the window shows one page at a time. */
+/** One view with its data, under a heading and over a hint; its settings stand in the dock. */
 class Page : public QWidget {
     Q_OBJECT
 
 public:
-    /** Shows a file instead of the simulation. Returns the problem; on one, what was there stays.
-     */
-    virtual QString open(const QString& path) = 0;
-    /** Shows the simulated source: first of all, and back from a file. */
-    virtual void showSimulation() = 0;
+    ~Page() override;
 
-    /** Lets the source run, or holds it. A page that is not on the screen never runs. */
-    void setPlaying(bool playing);
-    bool isPlaying() const { return playing; }
-    /** Whether there is anything to run: a file stands still. */
-    virtual bool canPlay() const = 0;
-    /** Takes the next frame; the clock does so while the page plays. False when none is due. */
-    virtual bool step() = 0;
+    const QString& title() const { return heading; }
+    /** What is shown, in words. */
+    const QString& source() const { return sourceText; }
+    /** Owned by whoever shows it; the page must not outlive its use of it. */
+    SettingsPanel* settings() const { return panel; }
+    hosting::AbstractViewWidget* viewWidget() const { return shownView; }
+
+    virtual bool canShow(FileKind kind) const = 0;
+    /** Prepares to show a file's contents instead of the scanner. */
+    virtual std::unique_ptr<Filling> fill(const SharedContents& contents) = 0;
+    /** Shows the scanner: first of all, and back from a file. */
+    virtual void showScanner() = 0;
+    bool showsFile() const { return contents != nullptr; }
 
     Q_INVOKABLE virtual void resetView() = 0;
-    /** Runs the source until the page shows what it is made for. */
+    /** Arranges the page as its picture is to show it. */
     virtual void prepareForPicture() = 0;
 
-    void setPanelVisible(bool visible);
-    hosting::AbstractViewWidget* viewWidget() const { return view; }
+    // What lies at a place that the page's view has told, in words; empty for nothing.
+    virtual QString textAt(int column, int row) const;
+    virtual QString textAt(double x, double y, double z) const;
+
+    /** Frames really painted in a second. */
+    double frameRate() const;
+    void setActive(bool active);
 
 Q_SIGNALS:
-    /** What lies under the mouse, in words; empty for nothing. */
-    void coordinatesChanged(const QString& text);
-    /** What the page shows. */
-    void sourceChanged(const QString& text);
-    void playingChanged(bool playing);
-    /** Something about the shown file that the user should know. */
-    void remarked(const QString& text);
+    void sourceChanged();
+    /** There are other samples under the mouse. */
+    void frameTaken();
+    /** The view is about to tell what lies under the mouse. */
+    void pointedAt();
+    void pointerLeft();
+    /** The user has turned to this page. */
+    void activated();
+    void maximiseWanted();
 
 protected:
-    explicit Page(int frameInterval, QWidget* parent);
+    Page(Scanner& scanner, const QString& title, const QString& hint, QWidget* parent);
 
-    /** Lays out the page; called again with another view in the place of one that is gone. */
-    void setContent(hosting::AbstractViewWidget* viewWidget, SettingsPanel* settings);
-    /** Lets the controls play and pause the page, and show which it does. */
-    void connectSource(SourceControls& controls);
+    /** Shows another view; the one before goes. */
+    void setView(hosting::AbstractViewWidget* view);
+    void setSource(const QString& text);
+    /** Shows what the scanner has now; false when that is what was shown before. */
+    virtual bool takeFrame() = 0;
+
+    ScannerSimulation& scene() const { return feeder.simulation(); }
+
+    SharedContents contents; // null while the scanner is shown
+    SettingsPanel* const panel;
 
     void showEvent(QShowEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
-    void timerEvent(QTimerEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
 
 private:
-    void updateClock();
+    void noteScannerMoved();
     bool isDue() const;
     void notePaint();
+    void takeFrameNow();
 
-    hosting::AbstractViewWidget* view = nullptr;
-    SettingsPanel* panel = nullptr;
-    int interval; // ms
-    int clock = 0; // 0 while it stands
+    Scanner& feeder;
+    QString heading;
+    QString sourceText;
+    hosting::AbstractViewWidget* shownView = nullptr;
+    QVBoxLayout* frame;
+    QWidget* strip;
+    QLabel* sourceLabel;
+    bool awaitsFrame = false; // the scanner has moved since the last one
     bool awaitsPaint = false; // the last frame has not been seen yet
-    QElapsedTimer sinceStep;
+    QElapsedTimer sinceFrame;
     QElapsedTimer sincePaint;
-    qint64 lastCost = 0; // ms from a step to its picture
-    bool playing = true;
+    qint64 lastCost = 0; // ms from a frame to its picture
+    QElapsedTimer life;
+    FrameMeter meter;
 };
 
 } // namespace ovl::gallery

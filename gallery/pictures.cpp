@@ -1,14 +1,20 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "pictures.h"
 
+#include "dragpictures.h"
+#include "examplecontents.h"
 #include "mainwindow.h"
 #include "page.h"
+#include "picturefile.h"
 #include <hosting/viewwidget.h>
+#include <visualization/coordinatessender.h>
 
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QImage>
+#include <QMouseEvent>
+#include <QOpenGLWidget>
 #include <QPixmap>
 
 #include <cstdio>
@@ -17,6 +23,23 @@ namespace ovl::gallery {
 namespace {
 
 constexpr int kPatience = 20000; // ms; a software renderer may be slow on a busy machine
+constexpr double kBeltAt = 278; // mm: three quarters of a part, under boss, slot and pads
+
+struct ExamplePicture {
+    const char* file;
+    const char* page;
+    Example example;
+};
+
+constexpr ExamplePicture kExamplePictures[] = {{"cloud-terrain.png", "cloud", Example::Terrain},
+    {"surface-terrain.png", "surface", Example::Terrain},
+    {"profile-eeg.png", "profile", Example::Recording}};
+
+bool fail(const QString& path, const char* problem)
+{
+    std::fprintf(stderr, "ovl-gallery: %s: %s\n", qUtf8Printable(path), problem);
+    return false;
+}
 
 /** Lets the window come up and its layout settle, until the view can paint itself. */
 bool waitForPaint(Page& page)
@@ -34,40 +57,89 @@ bool waitForPaint(Page& page)
     return painted;
 }
 
-bool settle(Page& page)
+/** As a user would ask what lies in the middle of a view. */
+void pointAtMiddle(Page& page)
 {
-    page.setPlaying(false);
-    if (!waitForPaint(page)) // the mouse works from the first paint on
-        return false;
-    page.prepareForPicture();
+    QWidget* surface = page.viewWidget()->surface();
+    const QPoint place(surface->width() * 2 / 5, surface->height() / 2);
+    QMouseEvent event(QEvent::MouseMove, place, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(surface, &event);
+}
+
+bool settle(MainWindow& window)
+{
+    for (int index = 0; index < window.pageCount(); ++index) {
+        Page& page = *window.page(index);
+        if (!page.isVisibleTo(&window))
+            continue;
+        if (!waitForPaint(page)) // the mouse works from the first paint on
+            return false;
+        page.prepareForPicture();
+        QApplication::processEvents();
+        page.viewWidget()->render();
+    }
+    pointAtMiddle(*window.currentPage());
     QApplication::processEvents();
-    page.viewWidget()->render();
+    window.currentPage()->viewWidget()->render();
     return true;
 }
 
-bool fail(const QString& path, const char* problem)
+bool writePicture(MainWindow& window, int page, const QString& path)
 {
-    std::fprintf(stderr, "ovl-gallery: %s: %s\n", qUtf8Printable(path), problem);
-    return false;
+    window.showPage(page);
+    if (!settle(window))
+        return fail(path, "the page did not come up");
+    return writePng(window.grab().toImage(), path)
+        || fail(path, "the picture could not be written");
+}
+
+bool writeExamples(MainWindow& window, const QDir& folder)
+{
+    for (const ExamplePicture& picture : kExamplePictures) {
+        window.openExample(picture.example);
+        while (window.isOpening())
+            QApplication::processEvents(QEventLoop::AllEvents, 20);
+        const QString path = folder.filePath(QString::fromLatin1(picture.file));
+        if (!writePicture(window, window.pageNamed(QString::fromLatin1(picture.page)), path))
+            return false;
+    }
+    return true;
+}
+
+bool writePages(MainWindow& window, const QDir& folder, const QString& only)
+{
+    for (int index = MainWindow::kAll; index < window.pageCount(); ++index) {
+        const QString name
+            = index == MainWindow::kAll ? QStringLiteral("all") : window.pageName(index);
+        if (!only.isEmpty() && only != name)
+            continue;
+        const QString file = index == MainWindow::kAll ? QStringLiteral("gallery.png")
+                                                       : QStringLiteral("gallery-%1.png").arg(name);
+        if (!writePicture(window, index, folder.filePath(file)))
+            return false;
+    }
+    return true;
 }
 
 } // namespace
 
-bool writePictures(MainWindow& window, const QString& folder, const QString& only)
+bool writePictures(MainWindow& window, const Pictures& wanted)
 {
-    if (!QDir().mkpath(folder))
-        return fail(folder, "the folder cannot be made");
-    for (int index = 0; index < window.pageCount(); ++index) {
-        if (!only.isEmpty() && window.pageName(index) != only)
-            continue;
-        const QString path = QDir(folder).filePath(window.pageName(index) + QStringLiteral(".png"));
-        window.showPage(index);
-        if (!settle(*window.currentPage()))
-            return fail(path, "the page did not come up");
-        if (!window.grab().toImage().convertToFormat(QImage::Format_RGB888).save(path, "png", 0))
-            return fail(path, "the picture could not be written");
-    }
-    return true;
+    if (!QDir().mkpath(wanted.folder))
+        return fail(wanted.folder, "the folder cannot be made");
+    const QDir folder(wanted.folder);
+    window.scanner().setRunning(false);
+    window.scanner().moveTo(kBeltAt);
+    if (!writePages(window, folder, wanted.page))
+        return false;
+    if (!wanted.page.isEmpty() || !wanted.examples)
+        return true;
+    window.scanner().moveTo(kBeltAt - 36); // another place of the part
+    const QString line = folder.filePath(QStringLiteral("profile-laser-line.png"));
+    return writePicture(window, window.pageNamed(QStringLiteral("profile")), line)
+        && writeExamples(window, folder)
+        && (writeDragPictures(folder.path())
+            || fail(folder.path(), "the pictures of a drag could not be written"));
 }
 
 } // namespace ovl::gallery

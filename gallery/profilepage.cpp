@@ -1,26 +1,26 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "profilepage.h"
 
-#include "axisscale.h"
-#include "csvfile.h"
 #include "joinedcurve.h"
 #include "measuringtools.h"
-#include "profilepanel.h"
-#include "sourcecontrols.h"
+#include "settingspanel.h"
 
-#include <QFileInfo>
+#include <QLabel>
 #include <QOpenGLWidget>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <optional>
 
 namespace ovl::gallery {
 namespace {
 
-constexpr int kFrameInterval = 40; // ms
-constexpr double kTenth = 0.1; // mm of belt for a step of the speed's slider
 constexpr std::size_t kMostJoined = 20000; // rows; each becomes a line of a shape
 constexpr double kRoom = 0.05; // of an extent, above and below the curves
+constexpr int kGreatest = 200000000; // on an axis
+constexpr int kPatience = 8; // ms of filling at once
+constexpr std::size_t kRowsAtOnce = 512; // between two looks at the watch
 
 const std::array<QColor, 8> kColours {QColor(0x4f, 0xc3, 0xf7), QColor(0xff, 0xb7, 0x4d),
     QColor(0x9c, 0x7b, 0xe0), QColor(0x81, 0xc7, 0x84), QColor(0xe5, 0x73, 0x73),
@@ -35,253 +35,442 @@ QString scaledTitle(const QString& title, int exponent)
     return exponent == 0 ? title : QStringLiteral("%1 x 1e%2").arg(title).arg(exponent);
 }
 
+std::unique_ptr<hosting::ViewWidget<ProfileView>> makeWidget(const Table& table)
+{
+    const auto columns = static_cast<int>(table.columns.size());
+    auto widget = std::make_unique<hosting::ViewWidget<ProfileView>>(nullptr, columns);
+    widget->view().setNumberOfValues(static_cast<int>(table.rows()));
+    return widget;
+}
+
+/** Writes some rows of a table into a view. */
+void fillRows(ProfileView& view, const Table& table, std::size_t from, std::size_t to,
+    double xFactor, double yFactor)
+{
+    for (std::size_t column = 0; column < table.columns.size(); ++column) {
+        const double factor = column == 0 ? xFactor : yFactor;
+        for (std::size_t row = from; row < to; ++row)
+            view.setValue(static_cast<int>(column), static_cast<int>(row),
+                table.columns[column][row] * factor);
+    }
+}
+
+double power(int exponent) { return std::pow(10.0, exponent); }
+
 } // namespace
 
-ProfilePage::ProfilePage(ScannerSimulation& scanner, QWidget* parent)
-    : Page(kFrameInterval, parent)
-    , simulation(scanner.profile())
-    , panel(new ProfilePanel)
+/** Fills a view of its own, which then takes the place of the one that is shown. */
+class ProfilePage::ProfileFilling : public Filling {
+public:
+    ProfileFilling(ProfilePage& shownOn, SharedContents read)
+        : page(shownOn)
+        , file(std::move(read))
+        , widget(makeWidget(file->table))
+    {
+        const Table& table = file->table;
+        Extent y = extentOf(table.columns[1]);
+        for (std::size_t column = 2; column < table.columns.size(); ++column)
+            y = united(y, extentOf(table.columns[column]));
+        xPower = exponentFor(extentOf(table.columns.front()));
+        yPower = exponentFor(y);
+    }
+
+    double work() override
+    {
+        const Table& table = file->table;
+        QElapsedTimer watch;
+        watch.start();
+        while (filled < table.rows() && watch.elapsed() < kPatience) {
+            const std::size_t to = std::min(filled + kRowsAtOnce, table.rows());
+            fillRows(widget->view(), table, filled, to, power(xPower), power(yPower));
+            filled = to;
+        }
+        return static_cast<double>(filled) / static_cast<double>(table.rows());
+    }
+
+    void commit() override { page.show(file, std::move(widget), xPower, yPower); }
+
+private:
+    ProfilePage& page;
+    SharedContents file;
+    std::unique_ptr<Widget> widget;
+    std::size_t filled = 0; // rows
+    int xPower;
+    int yPower;
+};
+
+ProfilePage::ProfilePage(Scanner& scanner, QWidget* parent)
+    : Page(scanner, tr("Profile"),
+        tr("Left drag: pan, or move a region   \u00b7   wheel or right drag: zoom   \u00b7   "
+           "hover: "
+           "values"),
+        parent)
     , tools(new MeasuringTools(this))
 {
-    simulation.moveTo(0.28 * Conveyor::kPitch);
-    connectPanel();
-}
-
-void ProfilePage::connectPanel()
-{
-    connectSource(panel->source());
-    connect(&panel->source(), &SourceControls::sourceChosen, this, &ProfilePage::showSimulation);
-    connect(&panel->source(), &SourceControls::fileChosen, this, &ProfilePage::showFile);
-    connect(panel, &ProfilePanel::frameChanged, this, &ProfilePage::applyFrame);
-    connect(panel, &ProfilePanel::resetViewWanted, this, &ProfilePage::resetView);
-    connect(panel, &ProfilePanel::overlayChanged, this, &ProfilePage::layShapes);
+    panel->add({regionSettings()});
+    readOut = panel->addReadOut("readOut");
+    panel->add({curveSettings(), titleSettings(), axisSettings()});
+    panel->finish();
     connect(tools, &MeasuringTools::moved, this, &ProfilePage::measure);
-    const CurveList& list = panel->curves();
-    const auto look
-        = [this](int column) -> CurveLook& { return curves[static_cast<std::size_t>(column - 1)]; };
-    connect(&list, &CurveList::visibilityChanged, this, [this, look](int column, bool visible) {
-        look(column).visible = visible;
-        view().setPlotVisibily(column, visible);
-        layShapes();
-    });
-    connect(&list, &CurveList::titleChanged, this, [this](int column, const QString& title) {
-        view().setPlotTitle(column, title);
-        view().drawPlots(); // the curve looks for its data under the new title
-    });
-    connect(&list, &CurveList::colourChanged, this, [this, look](int column, const QColor& colour) {
-        look(column).colour = colour;
-        view().setColor(column, colour);
-        layShapes();
-    });
-    connect(&list, &CurveList::cornerChanged, this, [this, look](int column, int corner) {
-        look(column).corner = corner;
-        view().setPlotCorner(column, corner);
-        suitHomeRanges();
-        layShapes();
-        resetView();
-    });
+    connect(this, &Page::activated, this, [this] { touched = true; });
+    showScanner();
 }
 
-QString ProfilePage::open(const QString& path)
+SettingGroup ProfilePage::regionSettings()
 {
-    Outcome<Table> read = readCsvFile(path);
-    if (!read)
-        return read.problem();
-    fileTable = std::move(read.value());
-    fileName = QFileInfo(path).fileName();
-    showFile();
-    const QString bad = badLinesText(*fileTable);
-    if (!bad.isEmpty())
-        Q_EMIT remarked(QStringLiteral("%1: %2").arg(path, bad));
-    return QString();
+    const auto lay = [this](const QVariant&) { layShapes(); };
+    const auto own = [lay](const char* name, const QString& label, bool on) {
+        return check(name, label, on, lay).ofPage();
+    };
+    return {tr("Regions of interest"),
+        {{{}, {own("tools", tr("Show"), true), own("interactive", tr("Resizable"), true)}},
+            {tr("Drag"), {own("alongX", tr("along x"), true), own("alongY", tr("along y"), true)}},
+            {tr("Handles"),
+                {own("handles", tr("Show"), true),
+                    whole("handleSize", 2, 20, 6, lay).withSuffix(tr(" px")).ofPage()}},
+            {tr("Labels"),
+                {own("tooltips", tr("tooltips"), true), own("legend", tr("legend"), false)}}}};
 }
 
-void ProfilePage::showFile()
+/** A setting of the curve that is chosen. */
+Setting ProfilePage::curveSetting(
+    Setting setting, std::function<void(CurveLook&, const QVariant&)> change)
 {
-    fileShown = true;
-    panel->source().showFile(fileName);
-    panel->setTitle(fileName);
-    chooseExponents();
+    setting.apply = [this, change = std::move(change)](const QVariant& value) {
+        const auto index = static_cast<std::size_t>(panel->whole("curve"));
+        change(curves[index], value);
+        applyCurve(index);
+        layShapes();
+    };
+    return std::move(setting).ofPage();
+}
+
+SettingGroup ProfilePage::curveSettings()
+{
+    return {tr("Curves"),
+        {{tr("Curve"),
+             {choice("curve", {}, 0, [this](const QVariant& index) { showCurve(index.toInt()); })
+                     .ofPage()}},
+            {tr("Look"),
+                {curveSetting(check("visible", tr("Visible"), true, {}),
+                     [](CurveLook& look, const QVariant& on) { look.visible = on.toBool(); }),
+                    curveSetting(colour("colour", Qt::white, {}),
+                        [](CurveLook& look, const QVariant& value) {
+                            look.colour = value.value<QColor>();
+                        })}},
+            {tr("Title"),
+                {curveSetting(text("curveTitle", {}, {}),
+                    [](CurveLook& look, const QVariant& value) {
+                        look.title = value.toString();
+                    })}},
+            {tr("Axes"),
+                {curveSetting(choice("corner",
+                                  {tr("bottom, left"), tr("bottom, right"), tr("top, right"),
+                                      tr("top, left")},
+                                  0, {}),
+                    [this](CurveLook& look, const QVariant& corner) {
+                        look.corner = corner.toInt();
+                        suitHomeRanges();
+                        resetView();
+                    })}},
+            {tr("Tooltip"),
+                {curveSetting(text("format", {}, {}),
+                    [](CurveLook& look, const QVariant& value) {
+                        look.format = value.toString();
+                    }).withTip(tr("%l title, %x %y the point, %a %b the numbers below, %j row"))}},
+            {tr("%a and %b"),
+                {choice("numbers", {tr("as in the table"), tr("the row"), tr("nothing")}, 0,
+                    [this](const QVariant&) { applyTooltipNumbers(); })}},
+            {{}, {check("join", tr("Join the samples by lines"), true, [this](const QVariant&) {
+                 layShapes();
+             }).ofPage()}}}};
+}
+
+SettingGroup ProfilePage::titleSettings()
+{
+    return {tr("Titles"),
+        {{tr("Chart"),
+             {text("title", {},
+                 [this](const QVariant& title) {
+                     view().setTitle(title.toString());
+                     view().setDirty(true);
+                 })}},
+            titleRow(
+                tr("Left"), "left", &ProfileView::setLeftTitle, &ProfileView::setLeftColorTitle),
+            titleRow(tr("Bottom"), "bottom", &ProfileView::setBottomTitle,
+                &ProfileView::setBottomColorTitle),
+            titleRow(tr("Right"), "right", &ProfileView::setRightTitle,
+                &ProfileView::setRightColorTitle),
+            titleRow(tr("Top"), "top", &ProfileView::setTopTitle, &ProfileView::setTopColorTitle)}};
+}
+
+SettingRow ProfilePage::titleRow(const QString& name, const char* key,
+    void (ProfileView::*setTitle)(const QString&), void (ProfileView::*setColour)(const QColor&))
+{
+    const QByteArray titleKey = QByteArray(key) + "Title";
+    const QByteArray colourKey = QByteArray(key) + "Colour";
+    return {name,
+        {text(titleKey.constData(), {},
+             [this, setTitle](const QVariant& title) {
+                 (view().*setTitle)(title.toString());
+                 view().setDirty(true);
+             }),
+            colour(colourKey.constData(), Qt::white, [this, setColour](const QVariant& value) {
+                (view().*setColour)(value.value<QColor>());
+                view().setDirty(true);
+            })}};
+}
+
+SettingGroup ProfilePage::axisSettings()
+{
+    return {tr("Axes and mouse"),
+        {rangeRow(tr("Left"), "leftFrom", "leftTo"),
+            rangeRow(tr("Bottom"), "bottomFrom", "bottomTo"),
+            rangeRow(tr("Right"), "rightFrom", "rightTo"), rangeRow(tr("Top"), "topFrom", "topTo"),
+            {{}, {action("resetView", tr("Show the home ranges"), [this] { resetView(); })}},
+            {tr("Wheel zooms"),
+                {check("zoomX", tr("x"), true,
+                     [this](const QVariant& on) { view().enableHorizontalZoom(on.toBool()); }),
+                    check("zoomLeft", tr("left"), true,
+                        [this](
+                            const QVariant& on) { view().enabledLeftVerticalZoom(on.toBool()); }),
+                    check("zoomRight", tr("right"), true,
+                        [this](const QVariant& on) {
+                            view().enabledRightVerticalZoom(on.toBool());
+                        })}},
+            {{}, {check("crosshair", tr("Crosshair cursor"), false, [this](const QVariant& on) {
+                 view().setCrosshairCursor(on.toBool());
+             })}}}};
+}
+
+SettingRow ProfilePage::rangeRow(const QString& name, const char* from, const char* to)
+{
+    const auto reset = [this](const QVariant&) { resetView(); };
+    return {name,
+        {whole(from, -kGreatest, kGreatest, 0, reset).ofPage(),
+            whole(to, -kGreatest, kGreatest, 1, reset).ofPage()}};
+}
+
+std::unique_ptr<Filling> ProfilePage::fill(const SharedContents& file)
+{
+    return std::make_unique<ProfileFilling>(*this, file);
+}
+
+void ProfilePage::show(
+    const SharedContents& file, std::unique_ptr<Widget> filled, int xPower, int yPower)
+{
+    contents = file;
+    xExponent = xPower;
+    yExponent = yPower;
+    const QStringList& titles = file->table.titles;
     std::vector<CurveLook> looks;
-    for (int i = 1; i < fileTable->titles.size(); ++i)
-        looks.push_back({fileTable->titles[i],
-            kColours[static_cast<std::size_t>(i - 1) % kColours.size()], BottomLeft});
-    makeView(looks);
-    view().setBottomTitle(scaledTitle(fileTable->titles.constFirst(), xExponent));
-    view().setLeftTitle(scaledTitle(tr("Value"), yExponent));
-    resetView();
-    Q_EMIT sourceChanged(tr("%1, %2 rows of %3 columns")
-                             .arg(fileName)
-                             .arg(fileTable->rows())
-                             .arg(fileTable->titles.size()));
+    for (int i = 1; i < titles.size(); ++i)
+        looks.push_back({titles[i], kColours[static_cast<std::size_t>(i - 1) % kColours.size()]});
+    showTitles({scaledTitle(tr("Value"), yExponent), scaledTitle(titles.constFirst(), xExponent),
+                   tr("Value")},
+        file->name);
+    panel->show("leftColour", QColor(Qt::white));
+    panel->show("rightColour", QColor(Qt::white));
+    showView(std::move(filled), std::move(looks));
+    setSource(
+        tr("%1, %2 rows of %3 columns").arg(file->name).arg(file->table.rows()).arg(titles.size()));
 }
 
-void ProfilePage::showSimulation()
+void ProfilePage::showScanner()
 {
-    fileShown = false;
-    panel->source().showSource(0);
-    panel->setTitle(tr("Laser line"));
+    contents = nullptr;
     xExponent = 0;
     yExponent = 0;
-    const QStringList& titles = table().titles;
-    makeView({{titles[ProfileSimulation::Height], kColours[0], BottomLeft},
-        {titles[ProfileSimulation::Smoothed], kColours[1], BottomLeft},
-        {titles[ProfileSimulation::Intensity], kColours[2], BottomRight}});
-    view().setBottomTitle(tr("Across the belt [mm]"));
-    view().setLeftTitle(tr("Height [mm]"));
-    view().setRightTitle(tr("Intensity [%]"));
-    view().setLeftColorTitle(kColours[0]);
-    view().setRightColorTitle(kColours[2]);
-    resetView();
-    Q_EMIT sourceChanged(tr("Simulated laser line, %1 samples").arg(table().rows()));
+    const Table& line = table();
+    showTitles(
+        {tr("Height [mm]"), tr("Across the belt [mm]"), tr("Intensity [%]")}, tr("Laser line"));
+    panel->show("leftColour", kColours[0]);
+    panel->show("rightColour", kColours[2]);
+    std::unique_ptr<Widget> filled = makeWidget(line);
+    fillRows(filled->view(), line, 0, line.rows(), 1, 1);
+    showView(std::move(filled),
+        {{line.titles[ProfileSimulation::Height], kColours[0], BottomLeft},
+            {line.titles[ProfileSimulation::Smoothed], kColours[1], BottomLeft},
+            {line.titles[ProfileSimulation::Intensity], kColours[2], BottomRight}});
+    setSource(tr("Laser line, %1 samples").arg(line.rows()));
 }
 
-void ProfilePage::makeView(const std::vector<CurveLook>& looks)
+void ProfilePage::showTitles(const QStringList& leftBottomRight, const QString& title)
 {
-    curves = looks;
-    delete widget;
-    widget = new hosting::ViewWidget<ProfileView>(nullptr, static_cast<int>(looks.size()) + 1);
-    setContent(widget, panel);
-    for (std::size_t i = 0; i < looks.size(); ++i) {
-        const int column = static_cast<int>(i) + 1;
-        view().setPlotTitle(column, looks[i].title);
-        view().setColor(column, looks[i].colour);
-        view().setPlotCorner(column, looks[i].corner);
-        view().setPlotFormat(column, QStringLiteral("%l   x %a   y %b   row %j"));
+    panel->show("title", title);
+    panel->show("leftTitle", leftBottomRight[0]);
+    panel->show("bottomTitle", leftBottomRight[1]);
+    panel->show("rightTitle", leftBottomRight[2]);
+    panel->show("topTitle", QString());
+}
+
+void ProfilePage::showView(std::unique_ptr<Widget> filled, std::vector<CurveLook> looks)
+{
+    curves = std::move(looks);
+    viewed = filled.release();
+    setView(viewed);
+    QStringList names;
+    for (std::size_t i = 0; i < curves.size(); ++i) {
+        names.append(curves[i].title);
+        applyCurve(i);
     }
-    // The view's numbers may be scaled for its axes; the tooltips tell the table's.
-    const double xFactor = std::pow(10.0, -xExponent);
-    const double yFactor = std::pow(10.0, -yExponent);
-    view().xCustomTooltip([xFactor](int, double x) { return x * xFactor; });
-    view().yCustomTooltip([yFactor](int, double y) { return y * yFactor; });
-    panel->curves().setCurves(looks);
-    panel->setJoiningPossible(showsFile() && table().rows() <= kMostJoined);
+    panel->setChoices("curve", names);
+    showCurve(0);
+    const bool joining = showsFile() && table().rows() <= kMostJoined;
+    panel->enable("join", joining); // lines are made for what stands still
+    panel->applyToView();
     suitHomeRanges();
-    const HomeRanges home = panel->homeRanges();
-    tools->place(home.bottom, home.left);
+    tools->place(homeRange("bottomFrom", "bottomTo"), homeRange("leftFrom", "leftTo"));
     if (!showsFile())
         tools->placeOnPart();
     tools->setScale(xExponent, yExponent, showsFile() ? QString() : QStringLiteral("mm"));
-    applyFrame();
-    fill();
+    view().drawPlots();
     layShapes();
+    resetView();
+}
+
+void ProfilePage::showCurve(int index)
+{
+    const CurveLook& look = curves[static_cast<std::size_t>(index)];
+    panel->show("curve", index);
+    panel->show("visible", look.visible);
+    panel->show("colour", look.colour);
+    panel->show("curveTitle", look.title);
+    panel->show("corner", look.corner);
+    panel->show("format", look.format);
+}
+
+void ProfilePage::applyCurve(std::size_t index)
+{
+    const CurveLook& look = curves[index];
+    const int column = static_cast<int>(index) + 1;
+    view().setPlotTitle(column, look.title);
+    view().setColor(column, look.colour);
+    view().setPlotCorner(column, look.corner);
+    view().setPlotVisibily(column, look.visible);
+    view().setPlotFormat(column, look.format);
+    view().drawPlots(); // the curve looks for its data under a new title
+}
+
+/** The view's numbers may be scaled for its axes; the tooltips tell the table's. */
+void ProfilePage::applyTooltipNumbers()
+{
+    enum { AsInTable, TheRow };
+    const int wanted = panel->whole("numbers");
+    const auto teller = [wanted](double factor) -> std::function<double(int, double)> {
+        if (wanted == AsInTable)
+            return [factor](int, double value) { return value * factor; };
+        if (wanted == TheRow)
+            return [](int row, double) { return static_cast<double>(row); };
+        return {};
+    };
+    view().xCustomTooltip(teller(power(-xExponent)));
+    view().yCustomTooltip(teller(power(-yExponent)));
 }
 
 void ProfilePage::layShapes()
 {
-    view().clearShape();
-    if (panel->joinsSamples())
+    ProfileView& shown = view();
+    shown.clearShape();
+    if (panel->editor("join")->isEnabled() && panel->isOn("join"))
         for (std::size_t i = 0; i < curves.size(); ++i)
             if (curves[i].visible && curves[i].corner == BottomLeft) // where shapes are drawn
-                view().addShape(joinedCurve(table(), i + 1, std::pow(10.0, xExponent),
-                    std::pow(10.0, yExponent), curves[i].colour));
-    if (panel->showsTools())
-        tools->addTo(view());
-    view().drawShapes();
+                shown.addShape(joinedCurve(
+                    table(), i + 1, power(xExponent), power(yExponent), curves[i].colour));
+    tools->setLook({panel->isOn("interactive"), panel->isOn("alongX"), panel->isOn("alongY"),
+        panel->isOn("handles"), panel->whole("handleSize"), panel->isOn("legend"),
+        panel->isOn("tooltips")});
+    if (panel->isOn("tools"))
+        tools->addTo(shown);
+    shown.drawShapes();
     measure();
 }
 
 void ProfilePage::measure()
 {
     tools->measure(table());
-    panel->setReadOut(panel->showsTools() ? tools->readOut() : QString());
+    readOut->setText(panel->isOn("tools") ? tools->readOut() : QString());
 }
 
-void ProfilePage::applyFrame()
+const Table& ProfilePage::table() const
 {
-    view().setTitle(panel->title());
-    view().enableHorizontalZoom(panel->zooms(ProfilePanel::Horizontal));
-    view().enabledLeftVerticalZoom(panel->zooms(ProfilePanel::Left));
-    view().enabledRightVerticalZoom(panel->zooms(ProfilePanel::Right));
-    view().setCrosshairCursor(panel->hasCrosshair());
-    view().setDirty(true);
+    return showsFile() ? contents->table : scene().profile().table();
 }
 
-void ProfilePage::fill()
+bool ProfilePage::takeFrame()
 {
-    const Table& shown = table();
-    const auto rows = static_cast<int>(shown.rows());
-    if (view().numberOfValues() != rows)
-        view().setNumberOfValues(rows);
-    for (std::size_t column = 0; column < shown.columns.size(); ++column) {
-        const double factor = std::pow(10.0, column == 0 ? xExponent : yExponent);
-        for (int row = 0; row < rows; ++row)
-            view().setValue(static_cast<int>(column), row,
-                shown.columns[column][static_cast<std::size_t>(row)] * factor);
-    }
+    const Table& line = table();
+    fillRows(view(), line, 0, line.rows(), 1, 1);
     view().drawPlots();
     measure();
-}
-
-void ProfilePage::chooseExponents()
-{
-    const Table& shown = table();
-    Extent y = extentOf(shown.columns[1]);
-    for (const std::vector<double>& column : shown.columns)
-        if (&column != &shown.columns.front())
-            y = united(y, extentOf(column));
-    xExponent = exponentFor(extentOf(shown.columns.front()));
-    yExponent = exponentFor(y);
+    return true;
 }
 
 void ProfilePage::suitHomeRanges()
 {
-    if (!showsFile()) {
-        // Heights above, intensities below them.
-        panel->setHomeRanges({{0, static_cast<int>(Conveyor::kFieldOfView)}, {-8, 14}, {0, 200}});
-        return;
+    if (!showsFile()) { // heights above, intensities below them
+        const HomeRange across {0, static_cast<int>(Conveyor::kFieldOfView)};
+        showHomeRange("bottomFrom", "bottomTo", across);
+        showHomeRange("topFrom", "topTo", across);
+        showHomeRange("leftFrom", "leftTo", {-8, 14});
+        return showHomeRange("rightFrom", "rightTo", {0, 200});
     }
-    const Table& shown = table();
     std::optional<Extent> sides[2]; // left and right
     for (std::size_t i = 0; i < curves.size(); ++i) {
         std::optional<Extent>& side = sides[isRight(curves[i].corner) ? 1 : 0];
-        const Extent extent = extentOf(shown.columns[i + 1]);
+        const Extent extent = extentOf(table().columns[i + 1]);
         side = side ? united(*side, extent) : extent;
     }
     const auto home = [](const Extent& extent, int exponent, double room) {
-        const double factor = std::pow(10.0, exponent);
+        const double factor = power(exponent);
         return homeRangeFor({extent.smallest * factor, extent.largest * factor}, room);
     };
-    panel->setHomeRanges({home(extentOf(shown.columns.front()), xExponent, 0),
-        sides[0] ? home(*sides[0], yExponent, kRoom) : HomeRange {},
-        sides[1] ? home(*sides[1], yExponent, kRoom) : HomeRange {}});
+    const HomeRange along = home(extentOf(table().columns.front()), xExponent, 0);
+    showHomeRange("bottomFrom", "bottomTo", along);
+    showHomeRange("topFrom", "topTo", along);
+    showHomeRange(
+        "leftFrom", "leftTo", sides[0] ? home(*sides[0], yExponent, kRoom) : HomeRange {});
+    showHomeRange(
+        "rightFrom", "rightTo", sides[1] ? home(*sides[1], yExponent, kRoom) : HomeRange {});
 }
 
-bool ProfilePage::canPlay() const { return !showsFile(); }
-
-bool ProfilePage::step()
+void ProfilePage::showHomeRange(const char* from, const char* to, const HomeRange& range)
 {
-    simulation.advance(kTenth * panel->source().speed());
-    fill();
-    return true;
+    panel->show(from, range.from);
+    panel->show(to, range.to);
+}
+
+HomeRange ProfilePage::homeRange(const char* from, const char* to) const
+{
+    return {panel->whole(from), panel->whole(to)};
 }
 
 void ProfilePage::resetView()
 {
-    const HomeRanges home = panel->homeRanges();
-    const QSize size = widget->surface()->size() * devicePixelRatioF();
-    const HomeRange bottom = beforeWidening(home.bottom, home.left, size.width(), size.height());
-    const HomeRange left = beforeWidening(home.left, home.bottom, size.height(), size.width());
+    const HomeRange across = homeRange("bottomFrom", "bottomTo");
+    const HomeRange up = homeRange("leftFrom", "leftTo");
+    const HomeRange right = homeRange("rightFrom", "rightTo");
+    const HomeRange top = homeRange("topFrom", "topTo");
+    const QSize size = viewed->surface()->size() * devicePixelRatioF();
+    const HomeRange bottom = beforeWidening(across, up, size.width(), size.height());
+    const HomeRange left = beforeWidening(up, across, size.height(), size.width());
     view().setBottomRange(bottom.from, bottom.to);
-    view().setTopRange(home.bottom.from, home.bottom.to);
+    view().setTopRange(top.from, top.to);
     view().setLeftRange(left.from, left.to);
-    view().setRightRange(home.right.from, home.right.to);
+    view().setRightRange(right.from, right.to);
     view().resetView();
+    touched = false;
 }
 
-void ProfilePage::prepareForPicture()
-{
-    if (!showsFile())
-        simulation.moveTo(2.42 * Conveyor::kPitch); // through boss, slot and pads
-    fill();
-    resetView();
-}
+void ProfilePage::prepareForPicture() { resetView(); }
 
-void ProfilePage::showEvent(QShowEvent* event)
+void ProfilePage::resizeEvent(QResizeEvent* event)
 {
-    Page::showEvent(event);
-    // Not yet: the view gets its size with the events that follow.
-    QMetaObject::invokeMethod(this, "resetView", Qt::QueuedConnection);
+    Page::resizeEvent(event);
+    // What the user has chosen to see stays. Not yet: the view gets its size with the events that
+    // follow.
+    if (!touched)
+        QMetaObject::invokeMethod(this, "resetView", Qt::QueuedConnection);
 }
 
 } // namespace ovl::gallery

@@ -2,61 +2,78 @@
 #ifndef OVL_GALLERY_PROFILEPAGE_H
 #define OVL_GALLERY_PROFILEPAGE_H
 
-#include "curvelist.h"
+#include "axisscale.h"
 #include "page.h"
-#include "profilesimulation.h"
-#include "scannersimulation.h"
+#include "setting.h"
 #include <hosting/viewwidget.h>
 #include <visualization/profileview.h>
-
-#include <optional>
 
 namespace ovl::gallery {
 
 class MeasuringTools;
-class ProfilePanel;
 
-/** The profile view: a simulated laser line, or the columns of a table from a file. */
+/** How a curve is shown. */
+struct CurveLook {
+    QString title;
+    QColor colour;
+    int corner = 0; // as the profile view counts them
+    bool visible = true;
+    QString format = QStringLiteral("%l   x %a   y %b   row %j");
+};
+
+/** The profile view: the laser line over the belt, or the columns of a table from a file. */
 class ProfilePage : public Page {
     Q_OBJECT
 
 public:
-    explicit ProfilePage(ScannerSimulation& scanner, QWidget* parent = nullptr);
+    explicit ProfilePage(Scanner& scanner, QWidget* parent = nullptr);
 
-    QString open(const QString& path) override;
-    void showSimulation() override;
-    bool canPlay() const override;
-    bool step() override;
+    bool canShow(FileKind kind) const override { return kind == FileKind::Table; }
+    std::unique_ptr<Filling> fill(const SharedContents& file) override;
+    void showScanner() override;
     void resetView() override;
     void prepareForPicture() override;
 
 private:
-    void connectPanel();
-    bool showsFile() const { return fileShown; }
-    const Table& table() const { return showsFile() ? *fileTable : simulation.table(); }
-    void showFile();
-    /** A view has as many curves as it was made with: other data get a new one. */
-    void makeView(const std::vector<CurveLook>& looks);
-    void applyFrame();
-    void fill();
+    class ProfileFilling;
+    using Widget = hosting::ViewWidget<ProfileView>;
+
+    SettingGroup regionSettings();
+    SettingGroup curveSettings();
+    SettingGroup titleSettings();
+    SettingGroup axisSettings();
+    SettingRow titleRow(const QString& name, const char* key,
+        void (ProfileView::*setTitle)(const QString&),
+        void (ProfileView::*setColour)(const QColor&));
+    SettingRow rangeRow(const QString& name, const char* from, const char* to);
+    Setting curveSetting(Setting setting, std::function<void(CurveLook&, const QVariant&)> change);
+
+    bool takeFrame() override;
+    void show(const SharedContents& file, std::unique_ptr<Widget> filled, int xPower, int yPower);
+    /** Takes over a view whose table is filled. */
+    void showView(std::unique_ptr<Widget> filled, std::vector<CurveLook> looks);
+    void showTitles(const QStringList& leftBottomRight, const QString& title);
+    void showCurve(int index);
+    void applyCurve(std::size_t index);
+    void applyTooltipNumbers();
     /** Lays joining lines and measuring tools over the curves, anew. */
     void layShapes();
     void measure();
     void suitHomeRanges();
-    void chooseExponents();
-    ProfileView& view() { return widget->view(); }
-    void showEvent(QShowEvent* event) override;
+    void showHomeRange(const char* from, const char* to, const HomeRange& range);
+    HomeRange homeRange(const char* from, const char* to) const;
 
-    ProfileSimulation& simulation;
-    std::optional<Table> fileTable; // the last file
-    QString fileName;
-    bool fileShown = false;
+    const Table& table() const;
+    ProfileView& view() const { return viewed->view(); }
+    void resizeEvent(QResizeEvent* event) override;
+
+    bool touched = false; // by the mouse since the home ranges were shown
     int xExponent = 0; // powers of ten between the table and the view
     int yExponent = 0;
     std::vector<CurveLook> curves;
-    hosting::ViewWidget<ProfileView>* widget = nullptr;
-    ProfilePanel* panel;
+    Widget* viewed = nullptr;
     MeasuringTools* tools;
+    QLabel* readOut = nullptr;
 };
 
 } // namespace ovl::gallery

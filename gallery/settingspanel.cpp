@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "settingspanel.h"
 
+#include <QComboBox>
+#include <QFontDatabase>
 #include <QFormLayout>
 #include <QFrame>
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
-#include <QVariant>
 
 namespace ovl::gallery {
 
@@ -16,7 +19,6 @@ SettingsPanel::SettingsPanel(QWidget* parent)
     setObjectName(QStringLiteral("panel"));
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
     auto* content = new QWidget;
     column = new QVBoxLayout(content);
     column->setContentsMargins(16, 8, 16, 16);
@@ -24,7 +26,16 @@ SettingsPanel::SettingsPanel(QWidget* parent)
     setWidget(content);
 }
 
-QFormLayout* SettingsPanel::addSection(const QString& heading)
+void SettingsPanel::add(const std::vector<SettingGroup>& groups)
+{
+    for (const SettingGroup& group : groups) {
+        QFormLayout* rows = addGroup(group.heading);
+        for (const SettingRow& row : group.rows)
+            addRow(*rows, row);
+    }
+}
+
+QFormLayout* SettingsPanel::addGroup(const QString& heading)
 {
     if (column->count() > 0) {
         auto* rule = new QFrame;
@@ -43,11 +54,90 @@ QFormLayout* SettingsPanel::addSection(const QString& heading)
     return rows;
 }
 
+void SettingsPanel::addRow(QFormLayout& rows, const SettingRow& row)
+{
+    auto* field = new QWidget;
+    auto* line = new QHBoxLayout(field);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->setSpacing(6);
+    for (const Setting& setting : row.settings) {
+        const bool wide = setting.editor != Setting::Editor::Colour;
+        line->addWidget(addEditor(setting), wide ? 1 : 0);
+    }
+    if (row.label.isEmpty()) {
+        rows.addRow(field);
+        return;
+    }
+    auto* label = new QLabel(row.label);
+    label->setMinimumWidth(fontMetrics().averageCharWidth() * 12); // one column for all groups
+    rows.addRow(label, field);
+}
+
+QWidget* SettingsPanel::addEditor(const Setting& setting)
+{
+    const SettingEditor editor = makeSettingEditor(setting);
+    places[setting.name] = entries.size();
+    entries.push_back({setting, editor});
+    const QSignalBlocker quiet(editor.widget);
+    editor.show(setting.value);
+    return editor.widget;
+}
+
+QLabel* SettingsPanel::addReadOut(const char* name)
+{
+    auto* label = new QLabel;
+    label->setObjectName(QString::fromLatin1(name));
+    label->setProperty("role", QStringLiteral("readout"));
+    label->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    label->setTextFormat(Qt::PlainText);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    column->addWidget(label);
+    return label;
+}
+
 void SettingsPanel::finish() { column->addStretch(1); }
+
+const SettingsPanel::Entry& SettingsPanel::entry(const char* name) const
+{
+    return entries[places.at(QString::fromLatin1(name))];
+}
+
+QVariant SettingsPanel::value(const char* name) const { return entry(name).editor.value(); }
+
+void SettingsPanel::show(const char* name, const QVariant& value)
+{
+    const QSignalBlocker quiet(entry(name).editor.widget);
+    entry(name).editor.show(value);
+}
+
+void SettingsPanel::set(const char* name, const QVariant& value)
+{
+    show(name, value);
+    entry(name).setting.apply(entry(name).editor.value());
+}
+
+void SettingsPanel::setChoices(const char* name, const QStringList& choices)
+{
+    auto* box = static_cast<QComboBox*>(editor(name));
+    const QSignalBlocker quiet(box);
+    box->clear();
+    box->addItems(choices);
+}
+
+void SettingsPanel::enable(const char* name, bool enabled) { editor(name)->setEnabled(enabled); }
+
+QWidget* SettingsPanel::editor(const char* name) const { return entry(name).editor.widget; }
+
+void SettingsPanel::applyToView() const
+{
+    for (const Entry& each : entries)
+        if (each.setting.ofView)
+            each.setting.apply(each.editor.value());
+}
 
 QSize SettingsPanel::sizeHint() const
 {
-    return {fontMetrics().averageCharWidth() * 44, QScrollArea::sizeHint().height()};
+    return {fontMetrics().averageCharWidth() * 46, QScrollArea::sizeHint().height()};
 }
 
 } // namespace ovl::gallery

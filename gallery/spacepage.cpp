@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "spacepage.h"
 
-#include "gridfile.h"
-#include "sourcecontrols.h"
-#include <visualization/coordinatessender.h>
-
-#include <QFileInfo>
+#include "settingspanel.h"
+#include <visualization/colorscheme.h>
 
 #include <algorithm>
 #include <cmath>
@@ -13,7 +10,6 @@
 namespace ovl::gallery {
 namespace {
 
-constexpr int kFrameInterval = 100; // ms; each frame hands over all points
 constexpr double kHighest = 12; // mm; no part is higher
 constexpr double kBrightest = 70; // per cent of the laser's light
 constexpr double kHeightShare = 0.22; // of the longer side, for heights to be seen well
@@ -37,137 +33,106 @@ double rounded(double value)
     return std::round(value / unit) * unit;
 }
 
+/** A family of series that differ in the number of their colours only. */
+struct Family {
+    const char* name;
+    int most; // colours of the first series; each one after has one less
+};
+
+constexpr Family kFamilies[] = {{QT_TR_NOOP("Purple to orange"), 11}, {QT_TR_NOOP("Spectral"), 11},
+    {QT_TR_NOOP("Brown to blue-green"), 11}, {QT_TR_NOOP("Blue to green"), 9},
+    {QT_TR_NOOP("Yellow to brown"), 9}, {QT_TR_NOOP("Blue to purple"), 9}};
+constexpr int kFewest = 3;
+
 } // namespace
 
-SpacePage::SpacePage(ScannerSimulation& simulation, SpacePanel* settings, QWidget* parent)
-    : Page(kFrameInterval, parent)
-    , panel(settings)
-    , scanner(simulation)
+SpacePage::SpacePage(Scanner& scanner, const QString& title, QWidget* parent)
+    : Page(scanner, title,
+        tr("Left drag: turn   \u00b7   middle drag: pan   \u00b7   wheel or right drag: nearer   "
+           "\u00b7   the status line tells the sample"),
+        parent)
 {
 }
 
-void SpacePage::connectPanel()
+/** In the order of ColorScheme, None first. */
+QStringList SpacePage::schemeNames()
 {
-    connectSource(panel->source());
-    connect(&panel->source(), &SourceControls::sourceChosen, this, &SpacePage::showSimulation);
-    connect(&panel->source(), &SourceControls::fileChosen, this, &SpacePage::showFile);
-    connect(panel, &SpacePanel::resetCameraWanted, this, &Page::resetView);
-    connect(panel, &SpacePanel::intensityChosen, this, [this](bool intensity) {
-        byIntensity = intensity;
-        redraw();
-    });
-    const CoordinatesSender* sender = CoordinatesSender::instance();
-    connect(sender, &CoordinatesSender::signal_sendSpaceCoordinates, this,
-        [this](double x, double y, double) { pointAt(x, y); });
-    connect(sender, &CoordinatesSender::signal_clearCoordinates, this, [this] {
-        if (isVisible())
-            Q_EMIT coordinatesChanged(QString());
-    });
+    QStringList names {tr("Smooth rainbow"), tr("Spectrum"), tr("Warm"), tr("Cool"), tr("Blues"),
+        tr("Wild flower"), tr("Citrus")};
+    for (const Family& family : kFamilies)
+        for (int colours = family.most; colours >= kFewest; --colours)
+            names.append(tr("%1, %2").arg(tr(family.name)).arg(colours));
+    names << tr("Accent") << tr("Dark") << tr("Set 2") << tr("Pastel 2") << tr("Pastel 1")
+          << tr("Set 1") << tr("Paired") << tr("Set 3");
+    return names;
 }
 
-QString SpacePage::open(const QString& path)
+SettingGroup SpacePage::dataSettings(std::function<void()> redraw)
 {
-    Outcome<HeightMap> read = readGridFile(path);
-    if (!read)
-        return read.problem();
-    fileMap = std::move(read.value());
-    fileName = QFileInfo(path).fileName();
-    showFile();
-    return QString();
+    const auto again = [redraw = std::move(redraw)](const QVariant&) { redraw(); };
+    const auto ends = [again](const char* from, const char* to) {
+        return std::vector<Setting> {real(QString::fromLatin1(from), 0, again).ofPage(),
+            real(QString::fromLatin1(to), 1, again).ofPage()};
+    };
+    return {tr("Ranges"),
+        {{tr("Colour by"), {choice("value", {tr("height"), tr("intensity")}, 0, again).ofPage()}},
+            {{},
+                {check("fixedColours", tr("Colours over a range of my own"), false, again)
+                        .ofPage()
+                        .withTip(tr("In the units that the view gets"))}},
+            {tr("Colours"), ends("colourFrom", "colourTo")},
+            {{}, {check("autoRange", tr("Axes over the data"), true, again).ofPage()}},
+            {tr("X axis"), ends("xFrom", "xTo")}, {tr("Y axis"), ends("yFrom", "yTo")},
+            {tr("Z axis"), ends("zFrom", "zTo")}}};
 }
 
-void SpacePage::showFile()
+SpacePage::Samples SpacePage::samplesOf(const FileContents* file) const
 {
-    fileShown = true;
-    panel->source().showFile(fileName);
-    panel->setIntensityPossible(false);
-    redraw();
-    suitScale();
-    resetView();
-    const auto missing = std::count_if(fileMap->heights.begin(), fileMap->heights.end(),
-        [](float height) { return std::isnan(height); });
-    Q_EMIT sourceChanged(tr("%1, %2 x %3 samples, %4 without data")
-                             .arg(fileName)
-                             .arg(fileMap->columns)
-                             .arg(fileMap->rows)
-                             .arg(missing));
-}
-
-void SpacePage::showSimulation()
-{
-    fileShown = false;
-    panel->source().showSource(0);
-    panel->setIntensityPossible(true);
-    redraw();
-    suitScale();
-    resetView();
-    Q_EMIT sourceChanged(tr("Simulated laser scan, %1 profiles of %2 samples")
-                             .arg(PartScan::kProfiles)
-                             .arg(PartScan::kSamples));
-}
-
-bool SpacePage::canPlay() const { return !showsFile(); }
-
-bool SpacePage::step()
-{
-    scanner.advance(panel->source().speed() * Conveyor::kPitch / PartScan::kProfiles);
-    redraw();
-    return true;
-}
-
-void SpacePage::prepareForPicture()
-{
-    if (!showsFile())
-        scanner.moveTo(0.999 * Conveyor::kPitch);
-    redraw();
-    const HeightMap& shown = map();
-    const int column = shown.columns / 3;
-    const int row = shown.rows / 2;
-    pointAt(column * shown.xPitch, row * shown.yPitch);
-}
-
-void SpacePage::showEvent(QShowEvent* event)
-{
-    Page::showEvent(event);
-    if (!showsFile())
-        redraw(); // the other page may have gone on with the scan
-}
-
-const HeightMap& SpacePage::map() { return showsFile() ? *fileMap : scanner.scan().map(); }
-
-SpacePage::Ranges SpacePage::ranges()
-{
-    const HeightMap& shown = map();
+    const HeightMap& shown = file ? file->map : scanned();
+    const bool intensity = !file && panel->whole("value") == 1 && !shown.values.empty();
     // A growing scan keeps the box of the whole part.
-    const int rows = showsFile() ? shown.rows : PartScan::kProfiles;
-    Extent height {0, kHighest};
-    if (showsFile())
-        height = withRoom(extentOf(shown.heights, shown.samples()));
-    height = scaled(height, shown.zUnit);
-    return {{{0, (shown.columns - 1) * shown.xPitch}, {0, (rows - 1) * shown.yPitch}, height,
-        byIntensity ? Extent {0, kBrightest} : height}};
+    const int rows = file ? shown.rows : PartScan::kProfiles;
+    const Extent height
+        = scaled(file ? withRoom(file->heights) : Extent {0, kHighest}, shown.zUnit);
+    Extent value = intensity ? Extent {0, kBrightest} : height;
+    if (panel->isOn("fixedColours") && panel->real("colourFrom") < panel->real("colourTo"))
+        value = {panel->real("colourFrom"), panel->real("colourTo")};
+    return {&shown, intensity ? &shown.values : &shown.heights, intensity ? 1 : shown.zUnit,
+        {{{0, (shown.columns - 1) * shown.xPitch}, {0, (rows - 1) * shown.yPitch}, height, value}}};
 }
 
-void SpacePage::redraw()
+void SpacePage::suitContents()
 {
-    const HeightMap& shown = map();
-    const bool intensity = byIntensity && !shown.values.empty();
-    draw(shown, intensity ? shown.values : shown.heights, intensity ? 1 : shown.zUnit, ranges());
+    panel->enable("value", !showsFile());
+    panel->show("fixedColours", false);
+    panel->show("autoRange", true);
+    const Ranges box = samples().ranges;
+    const char* const ends[4][2]
+        = {{"xFrom", "xTo"}, {"yFrom", "yTo"}, {"zFrom", "zTo"}, {"colourFrom", "colourTo"}};
+    for (std::size_t axis = 0; axis < box.size(); ++axis) {
+        panel->show(ends[axis][0], box[axis].smallest);
+        panel->show(ends[axis][1], box[axis].largest);
+    }
+    suitScale();
+    if (showsFile())
+        setSource(tr("%1, %2 x %3 samples, %4 without data")
+                      .arg(contents->name)
+                      .arg(contents->map.columns)
+                      .arg(contents->map.rows)
+                      .arg(contents->gaps));
+    else
+        setSource(scannedText());
 }
 
 /** Exaggerates or flattens the heights so that they can be seen. */
 void SpacePage::suitScale()
 {
-    const Ranges box = ranges();
+    const Ranges box = samples().ranges;
     const double side = std::max(box[0].largest, box[1].largest);
     const double height = box[2].largest - box[2].smallest;
-    panel->setHeightScale(rounded(kHeightShare * side / height));
+    panel->show("zScale", rounded(kHeightShare * side / height));
 }
 
-void SpacePage::pointAt(double x, double y)
-{
-    if (isVisible()) // all views share one sender
-        Q_EMIT coordinatesChanged(map().describe(x, y));
-}
+QString SpacePage::textAt(double x, double y, double) const { return map().describe(x, y); }
 
 } // namespace ovl::gallery

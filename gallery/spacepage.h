@@ -4,53 +4,52 @@
 
 #include "heightmap.h"
 #include "page.h"
-#include "scannersimulation.h"
-#include "spacepanel.h"
+#include "setting.h"
 
-#include <optional>
+#include <array>
 
 namespace ovl::gallery {
 
-/** What both 3-D pages have in common: a scan that grows, or a height grid from a file. */
+/** What both 3-D pages have in common, whichever view they show: data, colours, ranges. */
 class SpacePage : public Page {
     Q_OBJECT
 
 public:
-    QString open(const QString& path) override;
-    void showSimulation() override;
-    bool canPlay() const override;
-    bool step() override;
-    void prepareForPicture() override;
+    bool canShow(FileKind kind) const override { return kind == FileKind::Grid; }
+    using Page::textAt;
+    QString textAt(double x, double y, double z) const override;
 
 protected:
     /** What the view is told about the data, in its own units; axes and value, in that order. */
     using Ranges = std::array<Extent, 4>;
 
-    SpacePage(ScannerSimulation& simulation, SpacePanel* settings, QWidget* parent);
+    /** Samples on their way to a view. */
+    struct Samples {
+        const HeightMap* map;
+        const std::vector<float>* values;
+        double valueUnit;
+        Ranges ranges;
+    };
 
-    /** Hands the samples to the view and has it draw them. */
-    virtual void draw(const HeightMap& map, const std::vector<float>& values, double valueUnit,
-        const Ranges& ranges)
-        = 0;
-    void redraw();
-    void connectPanel();
-    void showEvent(QShowEvent* event) override;
+    SpacePage(Scanner& scanner, const QString& title, QWidget* parent);
 
-    SpacePanel* const panel;
+    /** The scanner's part that the page shows: the growing one, or the last whole one. */
+    virtual const HeightMap& scanned() const = 0;
+    virtual QString scannedText() const = 0;
+
+    const HeightMap& map() const { return showsFile() ? contents->map : scanned(); }
+    Samples samples() const { return samplesOf(contents.get()); }
+    /** Of a file, or of the scanner for null. */
+    Samples samplesOf(const FileContents* file) const;
+    /** Tells what is shown, and scales the heights so that they can be seen. */
+    void suitContents();
+
+    /** The colours' fixed range, the values' own or the ranges of the axes. */
+    SettingGroup dataSettings(std::function<void()> redraw);
+    static QStringList schemeNames();
 
 private:
-    bool showsFile() const { return fileShown; }
-    const HeightMap& map();
-    Ranges ranges();
-    void showFile();
     void suitScale();
-    void pointAt(double x, double y);
-
-    ScannerSimulation& scanner;
-    std::optional<HeightMap> fileMap; // the last file
-    QString fileName;
-    bool fileShown = false;
-    bool byIntensity = false;
 };
 
 } // namespace ovl::gallery

@@ -7,12 +7,21 @@
 
 namespace ovl::gallery {
 
-/** The surface view. */
+/** The surface view: the part that was finished last, or a height grid from a file. */
 class SurfacePage : public SpacePageOf<SurfaceView> {
     Q_OBJECT
 
 public:
-    explicit SurfacePage(ScannerSimulation& simulation, QWidget* parent = nullptr);
+    explicit SurfacePage(Scanner& scanner, QWidget* parent = nullptr);
+
+    void prepareForPicture() override;
+
+private:
+    const HeightMap& scanned() const override;
+    QString scannedText() const override;
+    bool takeFrame() override;
+
+    int shownPart = 0; // its number
 };
 
 } // namespace ovl::gallery

@@ -39,11 +39,23 @@ QMenuBar { border-bottom: 1px solid #0b0d10; padding: 1px 6px; }
 QMenuBar::item { padding: 5px 10px; border-radius: 4px; }
 QMenuBar::item:selected { background: #262b33; }
 QTabBar#pages { background: #171a1f; }
-QTabBar#pages::tab { padding: 9px 20px; color: #8b95a3; border: none;
+QTabBar#pages::tab { padding: 10px 18px; color: #8b95a3; border: none;
     border-bottom: 2px solid transparent; }
 QTabBar#pages::tab:selected { color: #ffffff; border-bottom: 2px solid #2f9bd8; }
 QTabBar#pages::tab:hover:!selected { color: #d8dde4; }
-QScrollArea#panel { border: none; border-left: 1px solid #0b0d10; background: #1c2026; }
+QDockWidget { color: #d8dde4; }
+QDockWidget::title { background: #1c2026; padding: 9px 16px; border-bottom: 1px solid #0b0d10; }
+QMainWindow::separator { background: #0b0d10; width: 3px; height: 3px; }
+QScrollArea#panel { border: none; background: #1c2026; }
+QWidget[role="strip"] { background: #171a1f; }
+QLabel[role="title"] { color: #d8dde4; font-weight: bold; background: transparent; }
+QWidget[role="strip"][active="true"] QLabel[role="title"] { color: #4fb6ee; }
+QLabel[role="source"] { color: #8b95a3; background: transparent; }
+QLabel[role="hint"] { color: #6f7987; background: #12151a; padding: 4px 12px; }
+QFrame#job { background: #16303f; border-bottom: 1px solid #0b0d10; }
+QFrame#job QLabel { color: #d3ecfb; }
+QProgressBar { background: #0f1114; border: none; border-radius: 3px; max-height: 6px; }
+QProgressBar::chunk { background: #2f9bd8; border-radius: 3px; }
 QScrollArea#panel > QWidget > QWidget { background: #1c2026; }
 QLabel[role="section"] { color: #8b95a3; font-weight: bold; letter-spacing: 1px;
     padding-top: 8px; border: none; }
@@ -56,7 +68,8 @@ QPushButton:disabled { color: #6b7482; background: #20252b; }
 QPushButton:focus { border-color: #2f9bd8; }
 QStatusBar { border-top: 1px solid #0b0d10; color: #8b95a3; }
 QStatusBar::item { border: none; }
-QLabel#coordinates { color: #d8dde4; padding: 3px 10px; }
+QLabel#coordinates { color: #d8dde4; padding: 4px 12px; }
+QLabel#rates, QLabel#file { color: #8b95a3; padding: 4px 12px; }
 QFrame#notice { background: #5a2326; border-bottom: 1px solid #0b0d10; }
 QFrame#notice QLabel { color: #ffe3e3; padding: 6px; }
 QFrame#notice QToolButton { color: #ffe3e3; border: none; padding: 4px 10px; }
