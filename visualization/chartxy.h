@@ -57,6 +57,9 @@ public:
     /** Answers whether the chart drew. Calls none of the callbacks. */
     bool Paint(vtkContext2D* painter) override;
 
+    /** Whether a press, a move or a release is being handled, which may call the host. */
+    bool IsInMouseEvent() const;
+
     bool Hit(const vtkContextMouseEvent& mouse) override;
     vtkAbstractContextItem* GetPickedItem(const vtkContextMouseEvent& mouse) override;
     bool MouseEnterEvent(const vtkContextMouseEvent& mouse) override;

@@ -196,6 +196,8 @@ bool ChartXY::OfferToCorners(const vtkContextMouseEvent& mouse,
         [&](vtkContextTransform* corner) { return (corner->*handler)(mouse); });
 }
 
+bool ChartXY::IsInMouseEvent() const { return ChartPrivate->roster.isInEvent(); }
+
 bool ChartXY::Hit(const vtkContextMouseEvent& mouse)
 {
     return Interactive && InsidePlotArea(mouse);

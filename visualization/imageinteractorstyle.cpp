@@ -53,6 +53,8 @@ void ImageInteractorStyle::setDirtyNotifier(std::function<void(bool)> notifier)
     d->pointer.dirtyNotifier = std::move(notifier);
 }
 
+bool ImageInteractorStyle::isPublishing() const { return d->pointer.publishing > 0; }
+
 // Empty on purpose: no key binding of the base styles acts on an image.
 void ImageInteractorStyle::OnChar() { }
 
@@ -60,8 +62,11 @@ void ImageInteractorStyle::OnChar() { }
 // and level, slicing or rotation. NOLINTBEGIN(bugprone-parent-virtual-call)
 void ImageInteractorStyle::OnMouseMove()
 {
+    ++d->pointer.publishing;
     d->publishPixel();
-    Trackball::OnMouseMove();
+    --d->pointer.publishing;
+    if (GetInteractor()) // else a slot has destroyed the view
+        Trackball::OnMouseMove();
 }
 
 // The left button starts the gesture of the middle one, a pan; its release ends whatever gesture is

@@ -30,6 +30,8 @@ public:
     void setPicker(vtkCellPicker* picker);
     /** Called with true when a drag or the wheel has moved the camera; may be empty. */
     void setDirtyNotifier(std::function<void(bool)> notifier);
+    /** Whether the host is just being told the coordinates of a move. */
+    bool isPublishing() const;
 
     void OnChar() override;
     void OnMouseMove() override;

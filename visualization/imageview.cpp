@@ -4,6 +4,7 @@
 #include "imagecorrectionalgorithm.h"
 #include "imageinteractorstyle.h"
 #include "imagelookupmapper.h"
+#include "pointerpick.h"
 #include "range.h"
 #include "viewframe.h"
 #include "vtkcompat.h"
@@ -16,6 +17,7 @@
 #include <vtkImageMapper3D.h>
 #include <vtkLookupTable.h>
 #include <vtkSmartPointer.h>
+#include <vtkWeakPointer.h>
 
 #include <QByteArray>
 #include <QColor>
@@ -84,7 +86,7 @@ public:
     void rebuildImport(int newWidth, int newHeight, const BufferDescriptor& newDescriptor);
     void resetCamera();
 
-    vtkRenderWindow* renderWindow = nullptr; // the widget's, not owned
+    vtkWeakPointer<vtkRenderWindow> renderWindow; // the widget's, not owned
     vtkSmartPointer<vtkRenderer> renderer = make<vtkRenderer>();
     vtkSmartPointer<vtkImageImport> imageImport = make<vtkImageImport>();
     vtkSmartPointer<vtkImageActor> imageActor = make<vtkImageActor>();
@@ -127,7 +129,7 @@ ImageView::Private::~Private()
 {
     // The window keeps the interactor and the interactor the style, which must not reach into this
     // record when the user's mouse goes on.
-    style->SetInteractor(nullptr);
+    retireStyle(style.Get());
     detachRenderer(renderWindow, renderer);
     dirty = true;
 }

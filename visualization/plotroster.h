@@ -109,6 +109,9 @@ public:
         PlotRoster& owner;
     };
 
+    /** Whether an Event lives, and with it somebody walks over the plots. */
+    bool isInEvent() const { return events > 0; }
+
     /**
      * The topmost plot of the corner that `accepts` and has a point under the probe; null when
      * there is none. Plots that are not accepted are not asked.

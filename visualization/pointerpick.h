@@ -4,14 +4,18 @@
 #ifndef OVL_VISUALIZATION_POINTERPICK_H
 #define OVL_VISUALIZATION_POINTERPICK_H
 
+#include "viewframe.h"
+
 #include <vtkAssemblyNode.h>
 #include <vtkAssemblyPath.h>
 #include <vtkProp.h>
 #include <vtkRenderWindow.h>
 #include <vtkRenderWindowInteractor.h>
 #include <vtkRendererCollection.h>
+#include <vtkSmartPointer.h>
 
 #include <functional>
+#include <utility>
 
 namespace ovl {
 
@@ -21,6 +25,7 @@ template <class Actor, class Picker> struct PointerPick {
     Actor* actor = nullptr; // the only one that counts as a hit; not owned
     Picker* picker = nullptr; // not owned
     bool buttonHeld = false; // one flag, no count: releasing either of two buttons clears it
+    int publishing = 0; // moves that are being answered, one within the other
 
     void notify() const
     {
@@ -55,6 +60,19 @@ private:
         return false;
     }
 };
+
+/**
+ * Lets a style hear no event from now on. A slot of the coordinates' signals may do that by
+ * destroying the view: then the interactor, and with it the style, lives until that event is over,
+ * whatever the host puts on its widget meanwhile.
+ */
+template <class Style> void retireStyle(Style* style)
+{
+    vtkSmartPointer<vtkRenderWindowInteractor> interactor = style->GetInteractor();
+    style->SetInteractor(nullptr);
+    if (interactor && style->isPublishing())
+        releaseAfterEvent(std::move(interactor));
+}
 
 /**
  * Hides the shift key from a base handler: newer frameworks turn the lights instead of dollying

@@ -47,11 +47,16 @@ ProfileView::Private::Private(QOpenGLWidget* hostWidget, int columnCount)
     connectCallbacks();
 }
 
-ProfileView::Private::~Private()
+ProfileView::Private::~Private() { detach(); }
+
+void ProfileView::Private::detach()
 {
+    if (detached)
+        return;
     // The style stays on the interactor: it holds its scene weakly, and may have a timer running.
     detachRenderer(renderWindow, contextView->GetRenderer());
     dirty = true;
+    detached = true;
 }
 
 void ProfileView::Private::attach()
@@ -148,7 +153,17 @@ ProfileView::ProfileView(QOpenGLWidget* widget, int numberOfCols)
 {
 }
 
-ProfileView::~ProfileView() { delete d; }
+ProfileView::~ProfileView()
+{
+    // A host's callback that destroys the view does so under the feet of the chart that calls it,
+    // and of itself: all of that lives on until the event is over.
+    const bool called = d->chart->IsInMouseEvent();
+    OVL_PRECONDITION("ProfileView::~ProfileView", !called, 0);
+    std::unique_ptr<Private> all(d);
+    all->detach();
+    if (called)
+        releaseAfterEvent(std::move(all));
+}
 
 void ProfileView::setDirty(bool dirty) { d->dirty = dirty; }
 

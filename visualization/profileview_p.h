@@ -77,6 +77,7 @@ public:
     Private& operator=(const Private&) = delete;
 
     void attach();
+    void detach();
     void buildPlots(int count);
     void dressChart();
     void dressAxis(int axis, const char* title);
@@ -144,6 +145,7 @@ public:
     int numberOfValues = 0;
     int numberOfCols;
     bool dirty = false;
+    bool detached = false;
 };
 
 } // namespace ovl

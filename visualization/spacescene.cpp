@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "spacescene.h"
 
+#include "pointerpick.h"
 #include "precondition.h"
 #include "viewframe.h"
 #include "vtkcompat.h"
@@ -10,7 +11,6 @@
 #include <vtkLookupTable.h>
 #include <vtkMapper.h>
 #include <vtkProperty.h>
-#include <vtkRenderWindow.h>
 #include <vtkTextProperty.h>
 
 #include <algorithm>
@@ -80,7 +80,7 @@ void SpaceStage::detach()
     detachRenderer(renderWindow, renderer);
     // The window keeps the interactor and that the style, which knows actor, picker and view only
     // by plain pointers: it must hear no event from now on.
-    style->SetInteractor(nullptr);
+    retireStyle(style.Get());
 }
 
 Range& SpaceSettings::range([[maybe_unused]] const char* operation, int index)

@@ -12,14 +12,15 @@
 #include <QVTKInteractor.h>
 #include <vtkActor.h>
 #include <vtkCubeAxesActor.h>
+#include <vtkRenderWindow.h>
 #include <vtkRenderer.h>
 #include <vtkSmartPointer.h>
+#include <vtkWeakPointer.h>
 
 #include <functional>
 
 class QOpenGLWidget;
 class vtkMapper;
-class vtkRenderWindow;
 
 namespace ovl {
 
@@ -33,7 +34,7 @@ public:
     /** Takes the renderer off the window; the interactor stays there and does nothing any more. */
     void detach();
 
-    vtkRenderWindow* renderWindow = nullptr; // the host's, not owned
+    vtkWeakPointer<vtkRenderWindow> renderWindow; // the host's, not owned
     vtkSmartPointer<vtkActor> actor = vtkSmartPointer<vtkActor>::New();
     vtkSmartPointer<vtkRenderer> renderer = vtkSmartPointer<vtkRenderer>::New();
     vtkSmartPointer<vtkCubeAxesActor> cubeAxes = vtkSmartPointer<vtkCubeAxesActor>::New();

@@ -69,10 +69,15 @@ void VolumeInteractorStyle::setDirtyNotifier(std::function<void(bool)> notifier)
     d->pointer.dirtyNotifier = std::move(notifier);
 }
 
+bool VolumeInteractorStyle::isPublishing() const { return d->pointer.publishing > 0; }
+
 void VolumeInteractorStyle::OnMouseMove()
 {
+    ++d->pointer.publishing;
     d->publishSample(); // first: the coordinates belong to the picture before the camera moves
-    Superclass::OnMouseMove();
+    --d->pointer.publishing;
+    if (GetInteractor()) // else a slot has destroyed the view
+        Superclass::OnMouseMove();
 }
 
 void VolumeInteractorStyle::OnLeftButtonDown()

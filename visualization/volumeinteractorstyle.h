@@ -33,6 +33,8 @@ public:
     void setPicker(vtkPropPicker* picker);
     /** Is called with true when the user has changed what must be drawn; replaces the last one. */
     void setDirtyNotifier(std::function<void(bool)> notifier);
+    /** Whether the host is just being told the coordinates of a move. */
+    bool isPublishing() const;
 
     void OnMouseMove() override;
     void OnLeftButtonDown() override;
