@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "chartselection.h"
 
+#include "vtkcompat.h"
+
 #include <vtkAnnotationLink.h>
 #include <vtkContextMouseEvent.h>
 #include <vtkIdTypeArray.h>
@@ -117,6 +119,28 @@ void MakeSelection(vtkAnnotationLink* link, vtkIdTypeArray* selection, vtkPlot* 
     vtkNew<vtkSelection> rows;
     addIndexNode(rows)->SetSelectionList(selection);
     link->SetCurrentSelection(rows);
+}
+
+void DropMissingRows(vtkPlot* plot)
+{
+    vtkIdTypeArray* selection = plot->GetSelection();
+    if (!selection || selection->GetNumberOfTuples() == 0)
+        return;
+    auto* drawn = vtkPlotPoints::SafeDownCast(plot);
+    vtkPoints2D* points = drawn ? compat::PlotPointsAccess::points(drawn) : nullptr;
+    if (!points)
+        return;
+    const vtkIdType count = points->GetNumberOfPoints();
+    const auto isMissing = [count](vtkIdType row) { return row < 0 || row >= count; };
+    const vtkIdType* begin = selection->GetPointer(0);
+    const vtkIdType* end = begin + selection->GetNumberOfTuples();
+    if (std::none_of(begin, end, isMissing))
+        return;
+    const vtkNew<vtkIdTypeArray> present; // of its own: a selection may be shared
+    for (const vtkIdType* row = begin; row != end; ++row)
+        if (!isMissing(*row))
+            present->InsertNextValue(*row);
+    plot->SetSelection(present);
 }
 
 } // namespace ovl

@@ -48,6 +48,13 @@ void BuildSelection(vtkAnnotationLink* link, int mode, vtkIdTypeArray* selection
  */
 void MakeSelection(vtkAnnotationLink* link, vtkIdTypeArray* selection, vtkPlot* plot);
 
+/**
+ * Gives `plot` a selection of its own without the rows that it has no point for, if there are such:
+ * the framework would paint them from beyond the points' end. A table may shrink at any time, also
+ * while the mouse holds one of its points.
+ */
+void DropMissingRows(vtkPlot* plot);
+
 } // namespace ovl
 
 #endif

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
+#include "chartselection.h"
 #include "chartxy_p.h"
 
 #include <vtkChartLegend.h>
@@ -119,6 +120,8 @@ void ChartXY::Update()
         plot->Update();
     Legend->Update();
     UpdateSelectionFromLink();
+    for (vtkPlot* plot : ChartPrivate->plots)
+        DropMissingRows(plot);
     UpdateBars();
     if (AutoAxes)
         UpdateAxisVisibility();

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include <support/charteventfixture.h>
+#include <visualization/chartselection.h>
 
 #include <vtkAnnotationLink.h>
 #include <vtkAxis.h>
@@ -433,6 +434,28 @@ TEST_F(ChartXYSelection, StandsPlotsWithoutTableAndColumnsWithoutName)
     first->GetInput()->GetColumn(1)->SetName(nullptr);
     useLink(vtkChart::SELECTION_COLUMNS);
     EXPECT_TRUE(band(10, 10, 190, 110));
+}
+
+// A table may lose rows while one of them is selected, as when the mouse holds a point.
+TEST_F(ChartXYSelection, RowsThatThePlotHasLostAreNotPaintedSelected)
+{
+    select(first, {1, 3, 4});
+    first->SetInputData(test::makeTable({{20, 60, 100}, {20, 20, 20}}), 0, 1);
+    render();
+    EXPECT_EQ(selected(first), (Rows {1}));
+}
+
+TEST_F(ChartXYSelection, ASharedSelectionStaysWholeForTheOtherPlots)
+{
+    useLink(0);
+    const vtkNew<vtkIdTypeArray> rows;
+    for (const vtkIdType row : {1, 4})
+        rows->InsertNextValue(row);
+    MakeSelection(link, rows, nullptr);
+    first->SetInputData(test::makeTable({{20, 60, 100}, {20, 20, 20}}), 0, 1);
+    render();
+    EXPECT_EQ(selected(first), (Rows {1}));
+    EXPECT_EQ(selected(second), (Rows {1, 4}));
 }
 
 } // namespace
