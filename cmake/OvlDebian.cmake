@@ -1,6 +1,8 @@
 # Two Debian packages, made by CPack: libovl1, what programs run with, and libovl-dev, what they are
 # built with. scripts/package makes and checks them. Their layout is Debian's where the prefix is /usr.
-set(OVL_DEBIAN_VERSION ${PROJECT_VERSION}-1)
+# Lower than any revision that Debian might give it one day.
+set(ovl_debian_revision 0ovl1)
+set(OVL_DEBIAN_VERSION ${PROJECT_VERSION}-${ovl_debian_revision})
 set(OVL_DEBIAN_CONTACT maintainers@ovl.example)
 set(ovl_debian_runtime libovl${PROJECT_VERSION_MAJOR})
 set(ovl_debian_folder ${PROJECT_SOURCE_DIR}/cmake/debian)
@@ -43,7 +45,7 @@ set(CPACK_DEB_COMPONENT_INSTALL ON)
 
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_VERSION ${PROJECT_VERSION})
-set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+set(CPACK_DEBIAN_PACKAGE_RELEASE ${ovl_debian_revision})
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/visualization)
