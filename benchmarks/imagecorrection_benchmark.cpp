@@ -1,30 +1,29 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // The image correction on whole frames, beside a memcpy that reads and writes the same number of
-// bytes, the framework's own filters and, where it was found, OpenCV. The ratio to the memcpy
-// tells.
+// bytes, the framework's own filters and, where it was found, OpenCV. The size is in pixels.
+#include "imagerig.h"
 #include <visualization/imagecorrectionalgorithm.h>
 
 #include <vtkImageAppendComponents.h>
 #include <vtkImageData.h>
 #include <vtkImageExtractComponents.h>
-#include <vtkImageImport.h>
 #include <vtkImageShiftScale.h>
-#include <vtkNew.h>
 
 #ifdef OVL_HAVE_OPENCV
 #include <opencv2/core.hpp>
 #include <opencv2/imgproc.hpp>
 #endif
 
-#include <benchmark/benchmark.h>
-#include <cstdint>
-#include <cstring>
-#include <random>
-#include <vector>
+#include <string>
+
+using namespace ovl::bench;
 
 namespace {
 
+constexpr int kWidth = 4096;
+
 struct Operation {
+    const char* path;
     int inType;
     int inBytes;
     int components;
@@ -33,64 +32,37 @@ struct Operation {
     int shift;
 };
 
-constexpr Operation mono16To8 = {VTK_UNSIGNED_SHORT, 2, 1, 1, 1, 4};
-constexpr Operation reverse3 = {VTK_UNSIGNED_CHAR, 1, 3, 1, 3, 0};
-constexpr Operation expand3To4 = {VTK_UNSIGNED_CHAR, 1, 3, 1, 4, 0};
-constexpr Operation int32 = {VTK_INT, 4, 1, 4, 1, 4};
+constexpr Operation mono16To8 = {"BM_CorrectionMono16To8", VTK_UNSIGNED_SHORT, 2, 1, 1, 1, 4};
+constexpr Operation reverse3 = {"BM_CorrectionReverse3", VTK_UNSIGNED_CHAR, 1, 3, 1, 3, 0};
+constexpr Operation expand3To4 = {"BM_CorrectionExpand3To4", VTK_UNSIGNED_CHAR, 1, 3, 1, 4, 0};
+constexpr Operation int32 = {"BM_CorrectionInt32", VTK_INT, 4, 1, 4, 1, 4};
 
-/** A host's frame of noise, its size taken from the benchmark's arguments. */
-class Frame {
-public:
+/** A host's frame, its size in pixels taken from the benchmark's argument. */
+struct Frame {
     Frame(const benchmark::State& state, const Operation& operation)
-        : width(static_cast<int>(state.range(0)))
-        , height(static_cast<int>(state.range(1)))
-        , pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height))
+        : height(static_cast<int>(state.range(0)) / kWidth)
+        , pixels(static_cast<std::size_t>(kWidth) * static_cast<std::size_t>(height))
         , bytes(pixels * static_cast<std::size_t>(operation.inBytes * operation.components))
-        , outBytes(pixels * static_cast<std::size_t>(operation.outBytes * operation.outComponents))
-        , data(bytes / sizeof(std::uint64_t) + 1)
+        , traffic(bytes
+              + pixels * static_cast<std::size_t>(operation.outBytes * operation.outComponents))
+        , data(noise(bytes))
+        , source(kWidth, height, operation.components, operation.inType, data.data())
     {
-        std::mt19937_64 noise(1);
-        for (std::uint64_t& word : data)
-            word = noise();
-        importer->SetWholeExtent(0, width - 1, 0, height - 1, 0, 0);
-        importer->SetDataExtentToWholeExtent();
-        importer->SetDataScalarType(operation.inType);
-        importer->SetNumberOfScalarComponents(operation.components);
-        importer->SetImportVoidPointer(data.data());
-        importer->Update();
     }
 
-    /** Runs `filter` on the frame as on one that has just come in, again and again. */
-    void measure(benchmark::State& state, vtkImageAlgorithm* filter)
+    void measure(benchmark::State& state, vtkAlgorithm* filter)
     {
-        filter->Update(); // the output's memory stays from frame to frame
-        for (auto _ : state) {
-            importer->Modified();
-            filter->Update();
-        }
-        report(state);
+        source.stream(state, filter);
+        reportBytes(state, traffic);
     }
 
-    void report(benchmark::State& state) const
-    {
-        state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations())
-            * static_cast<std::int64_t>(bytes + outBytes));
-    }
-
-    int width;
     int height;
     std::size_t pixels;
     std::size_t bytes;
-    std::size_t outBytes;
+    std::size_t traffic;
     std::vector<std::uint64_t> data;
-    vtkNew<vtkImageImport> importer;
+    Source source;
 };
-
-void keepToOneThread(vtkThreadedImageAlgorithm* filter)
-{
-    filter->SetEnableSMP(false);
-    filter->SetNumberOfThreads(1);
-}
 
 void configure(ovl::ImageCorrectionAlgorithm* filter, const Operation& operation)
 {
@@ -109,7 +81,7 @@ void correct(benchmark::State& state, const Operation& operation, bool onOneThre
     Frame frame(state, operation);
     vtkNew<ovl::ImageCorrectionAlgorithm> filter;
     configure(filter, operation);
-    filter->SetInputConnection(frame.importer->GetOutputPort());
+    filter->SetInputConnection(frame.source.port());
     if (onOneThread)
         keepToOneThread(filter);
     else
@@ -119,15 +91,9 @@ void correct(benchmark::State& state, const Operation& operation, bool onOneThre
 
 void copy(benchmark::State& state, const Operation& operation)
 {
-    Frame frame(state, operation);
-    const std::size_t size = (frame.bytes + frame.outBytes) / 2;
-    const std::vector<char> source(size, 1);
-    std::vector<char> target(size, 2);
-    for (auto _ : state) {
-        std::memcpy(target.data(), source.data(), size);
-        benchmark::ClobberMemory();
-    }
-    frame.report(state);
+    const Frame frame(state, operation);
+    copyBytes(state, frame.traffic);
+    reportBytes(state, frame.traffic);
 }
 
 /** The nearest that the framework has for samples: a scale, calculated in floating point. */
@@ -137,7 +103,7 @@ void scaleSamples(benchmark::State& state, const Operation& operation)
     vtkNew<vtkImageShiftScale> filter;
     filter->SetScale(1.0 / (1 << operation.shift));
     filter->SetOutputScalarType(operation.outBytes == 1 ? VTK_UNSIGNED_CHAR : operation.inType);
-    filter->SetInputConnection(frame.importer->GetOutputPort());
+    filter->SetInputConnection(frame.source.port());
     keepToOneThread(filter);
     frame.measure(state, filter);
 }
@@ -148,12 +114,12 @@ void pickChannels(benchmark::State& state, const Operation& operation)
     Frame frame(state, operation);
     vtkNew<vtkImageExtractComponents> reversed;
     reversed->SetComponents(2, 1, 0);
-    reversed->SetInputConnection(frame.importer->GetOutputPort());
+    reversed->SetInputConnection(frame.source.port());
     keepToOneThread(reversed);
     if (operation.outComponents == 3)
         return frame.measure(state, reversed);
     vtkNew<vtkImageData> alpha;
-    alpha->SetDimensions(frame.width, frame.height, 1);
+    alpha->SetDimensions(kWidth, frame.height, 1);
     alpha->AllocateScalars(VTK_UNSIGNED_CHAR, 1);
     std::memset(alpha->GetScalarPointer(), 255, frame.pixels);
     vtkNew<vtkImageAppendComponents> appended;
@@ -164,108 +130,66 @@ void pickChannels(benchmark::State& state, const Operation& operation)
 }
 
 #ifdef OVL_HAVE_OPENCV
-template <class Convert>
-void convertByOpenCv(
-    benchmark::State& state, const Operation& operation, int depth, Convert convert)
+void convertByOpenCv(benchmark::State& state, const Operation& operation)
 {
     cv::setNumThreads(1);
     Frame frame(state, operation);
+    const int depth = operation.inBytes == 1 ? CV_8U : operation.inBytes == 2 ? CV_16U : CV_32S;
     const cv::Mat source(
-        frame.height, frame.width, CV_MAKETYPE(depth, operation.components), frame.data.data());
+        frame.height, kWidth, CV_MAKETYPE(depth, operation.components), frame.data.data());
     cv::Mat target;
-    convert(source, target);
+    const auto convert = [&] {
+        if (operation.components == 1)
+            source.convertTo(
+                target, operation.outBytes == 1 ? CV_8U : depth, 1.0 / (1 << operation.shift));
+        else // without the masks
+            cv::cvtColor(source, target,
+                operation.outComponents == 3 ? cv::COLOR_BGR2RGB : cv::COLOR_BGR2RGBA);
+    };
+    convert();
     for (auto _ : state) {
-        convert(source, target);
+        convert();
         benchmark::ClobberMemory();
     }
-    frame.report(state);
-}
-
-void BM_Mono16To8_ByOpenCv(benchmark::State& state)
-{
-    convertByOpenCv(state, mono16To8, CV_16U, [](const cv::Mat& source, cv::Mat& target) {
-        source.convertTo(target, CV_8U, 1.0 / 16.0);
-    });
-}
-
-void BM_Reverse3_ByOpenCv(benchmark::State& state)
-{
-    convertByOpenCv(state, reverse3, CV_8U, [](const cv::Mat& source, cv::Mat& target) {
-        cv::cvtColor(source, target, cv::COLOR_BGR2RGB);
-    });
-}
-
-void BM_Expand3To4_ByOpenCv(benchmark::State& state) // without the masks
-{
-    convertByOpenCv(state, expand3To4, CV_8U, [](const cv::Mat& source, cv::Mat& target) {
-        cv::cvtColor(source, target, cv::COLOR_BGR2RGBA);
-    });
-}
-
-void BM_Int32_ByOpenCv(benchmark::State& state)
-{
-    convertByOpenCv(state, int32, CV_32S, [](const cv::Mat& source, cv::Mat& target) {
-        source.convertTo(target, CV_32S, 1.0 / 16.0);
-    });
+    reportBytes(state, frame.traffic);
 }
 #endif
 
-void BM_Mono16To8_ByMemcpy(benchmark::State& state) { copy(state, mono16To8); }
-void BM_Mono16To8_ByFilter(benchmark::State& state) { correct(state, mono16To8, true); }
-void BM_Mono16To8_ByFilterThreaded(benchmark::State& state) { correct(state, mono16To8, false); }
-void BM_Mono16To8_ByStockScale(benchmark::State& state) { scaleSamples(state, mono16To8); }
-
-void BM_Reverse3_ByMemcpy(benchmark::State& state) { copy(state, reverse3); }
-void BM_Reverse3_ByFilter(benchmark::State& state) { correct(state, reverse3, true); }
-void BM_Reverse3_ByFilterThreaded(benchmark::State& state) { correct(state, reverse3, false); }
-void BM_Reverse3_ByStockPick(benchmark::State& state) { pickChannels(state, reverse3); }
-
-void BM_Expand3To4_ByMemcpy(benchmark::State& state) { copy(state, expand3To4); }
-void BM_Expand3To4_ByFilter(benchmark::State& state) { correct(state, expand3To4, true); }
-void BM_Expand3To4_ByFilterThreaded(benchmark::State& state) { correct(state, expand3To4, false); }
-void BM_Expand3To4_ByStockPickAndAppend(benchmark::State& state)
+void sizes(benchmark::internal::Benchmark* measurement)
 {
-    pickChannels(state, expand3To4);
+    for (int height : {30, 300, 3000})
+        measurement->Arg(kWidth * height);
+    measurement->Unit(benchmark::kMillisecond);
 }
 
-void BM_Int32_ByMemcpy(benchmark::State& state) { copy(state, int32); }
-void BM_Int32_ByFilter(benchmark::State& state) { correct(state, int32, true); }
-void BM_Int32_ByFilterThreaded(benchmark::State& state) { correct(state, int32, false); }
-void BM_Int32_ByStockScale(benchmark::State& state) { scaleSamples(state, int32); }
-
-/** A small frame stays in the caches, a large one does not. */
-void frameSizes(benchmark::internal::Benchmark* measurement)
+template <class Function, class... Rest>
+benchmark::internal::Benchmark* add(
+    const Operation& operation, const char* tail, Function function, Rest... rest)
 {
-    measurement->ArgNames({"width", "height"})
-        ->Args({640, 480})
-        ->Args({4096, 3000})
-        ->Unit(benchmark::kMillisecond)
-        ->UseRealTime();
+    const std::string name = std::string(operation.path) + tail;
+    return benchmark::RegisterBenchmark(name.c_str(), function, operation, rest...)->Apply(sizes);
 }
 
-BENCHMARK(BM_Mono16To8_ByMemcpy)->Apply(frameSizes);
-BENCHMARK(BM_Mono16To8_ByFilter)->Apply(frameSizes);
-BENCHMARK(BM_Mono16To8_ByFilterThreaded)->Apply(frameSizes);
-BENCHMARK(BM_Mono16To8_ByStockScale)->Apply(frameSizes);
-BENCHMARK(BM_Reverse3_ByMemcpy)->Apply(frameSizes);
-BENCHMARK(BM_Reverse3_ByFilter)->Apply(frameSizes);
-BENCHMARK(BM_Reverse3_ByFilterThreaded)->Apply(frameSizes);
-BENCHMARK(BM_Reverse3_ByStockPick)->Apply(frameSizes);
-BENCHMARK(BM_Expand3To4_ByMemcpy)->Apply(frameSizes);
-BENCHMARK(BM_Expand3To4_ByFilter)->Apply(frameSizes);
-BENCHMARK(BM_Expand3To4_ByFilterThreaded)->Apply(frameSizes);
-BENCHMARK(BM_Expand3To4_ByStockPickAndAppend)->Apply(frameSizes);
-BENCHMARK(BM_Int32_ByMemcpy)->Apply(frameSizes);
-BENCHMARK(BM_Int32_ByFilter)->Apply(frameSizes);
-BENCHMARK(BM_Int32_ByFilterThreaded)->Apply(frameSizes);
-BENCHMARK(BM_Int32_ByStockScale)->Apply(frameSizes);
+void addOperation(const Operation& operation)
+{
+    add(operation, "/floor", copy);
+    add(operation, "/ovl", correct, true);
+    add(operation, "/stock", operation.components == 1 ? scaleSamples : pickChannels);
 #ifdef OVL_HAVE_OPENCV
-BENCHMARK(BM_Mono16To8_ByOpenCv)->Apply(frameSizes);
-BENCHMARK(BM_Reverse3_ByOpenCv)->Apply(frameSizes);
-BENCHMARK(BM_Expand3To4_ByOpenCv)->Apply(frameSizes);
-BENCHMARK(BM_Int32_ByOpenCv)->Apply(frameSizes);
+    add(operation, "/opencv", convertByOpenCv);
 #endif
+    // The floor of two threads is one.
+    add(operation, "TwoThreads/floor", correct, true)->MeasureProcessCPUTime();
+    add(operation, "TwoThreads/ovl", correct, false)->MeasureProcessCPUTime();
+}
 
 } // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv)
+{
+    for (const Operation& operation : {mono16To8, reverse3, expand3To4, int32})
+        addOperation(operation);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
