@@ -229,6 +229,7 @@ bool ChartXY::RemovePlotFromCorners(vtkPlot* plot)
     const vtkAbstractContextItem* parent = plot->GetParent();
     if (!parent || parent == this)
         return false;
+    ChartPrivate->roster.itemsChanged();
     const std::vector<vtkContextTransform*>& corners = ChartPrivate->plotCorners;
     return std::any_of(corners.begin(), corners.end(),
         [plot](vtkContextTransform* corner) { return corner->RemoveItem(plot); });
@@ -239,6 +240,7 @@ void ChartXY::ClearPlots()
     for (vtkPlot* plot : ChartPrivate->plots)
         plot->UnRegister(this);
     ChartPrivate->plots.clear();
+    ChartPrivate->roster.itemsChanged();
     std::vector<vtkContextTransform*>& corners = ChartPrivate->plotCorners;
     corners.front()->ClearItems();
     for (std::size_t i = 1; i < corners.size(); ++i) {
@@ -296,6 +298,7 @@ void ChartXY::SetPlotCorner(vtkPlot* plot, int corner)
     while (ChartPrivate->plotCorners.size() <= index)
         addCorner(ChartPrivate->plotCorners, ChartPrivate->clip);
     ChartPrivate->plotCorners[index]->AddItem(plot);
+    ChartPrivate->roster.itemsChanged();
     plot->SetXAxis(ChartPrivate->horizontalAxis(index));
     plot->SetYAxis(ChartPrivate->verticalAxis(index));
     PlotTransformValid = false;
@@ -337,6 +340,7 @@ vtkIdType ChartXY::StackPlotAbove(vtkPlot* plot, vtkPlot* under)
         return plotIndex;
     if (plotIndex < 0 || underIndex >= corner->GetNumberOfItems())
         return plotIndex;
+    ChartPrivate->roster.itemsChanged();
     return corner->StackAbove(plotIndex, underIndex);
 }
 
@@ -349,6 +353,7 @@ vtkIdType ChartXY::StackPlotUnder(vtkPlot* plot, vtkPlot* above)
         return plotIndex;
     if (plotIndex < 0 || aboveIndex < 0)
         return plotIndex;
+    ChartPrivate->roster.itemsChanged();
     return corner->StackUnder(plotIndex, aboveIndex);
 }
 
@@ -357,6 +362,7 @@ vtkIdType ChartXY::LowerPlot(vtkPlot* plot)
     const vtkIdType plotIndex = GetPlotIndex(plot);
     if (plotIndex < 0)
         return plotIndex;
+    ChartPrivate->roster.itemsChanged();
     return CornerOfPlot(plot)->Lower(plotIndex);
 }
 

@@ -277,6 +277,7 @@ private:
     void DragHandles(const vtkContextMouseEvent& mouse);
     void DragHandle(const RosterPlot& entry, int coordinate, double delta);
     void DragShapes(const vtkContextMouseEvent& mouse);
+    void MarkInputsModified();
     void DragColumns(const vtkContextMouseEvent& mouse);
     void PanAxes(const vtkContextMouseEvent& mouse);
     void ZoomAxes(const vtkContextMouseEvent& mouse);

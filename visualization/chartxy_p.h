@@ -33,6 +33,8 @@ public:
     int borders[4] = {60, 50, 20, 20};
     /** The corners' plots. */
     PlotRoster roster {plotCorners};
+    /** The plots' tables are to be marked modified at the next update. */
+    bool inputsOutdated = false;
 
     /** A position on the screen in the plot units of a corner. */
     vtkVector2d toPlot(std::size_t corner, const vtkVector2i& screen) const;

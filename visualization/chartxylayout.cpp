@@ -115,7 +115,8 @@ float centered(int lower, int upper, float size)
 
 void ChartXY::Update()
 {
-    ChartPrivate->roster.forgetAnswers();
+    MarkInputsModified();
+    ChartPrivate->roster.pointsChanged();
     for (vtkPlot* plot : ChartPrivate->plots)
         plot->Update();
     Legend->Update();

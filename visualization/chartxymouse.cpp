@@ -21,6 +21,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace ovl {
 namespace {
@@ -144,7 +145,7 @@ bool hasSelection(vtkPlot* plot)
 /** What the drags of points and columns leave out. */
 bool isDraggedByPoints(const RosterPlot& entry)
 {
-    return !entry.plot->IsA("vtkPlotBar") && hasSelection(entry.plot);
+    return hasSelection(entry.plot) && !entry.plot->IsA("vtkPlotBar");
 }
 
 void markSelectionModified(vtkPlot* plot)
@@ -401,22 +402,34 @@ void ChartXY::DragHandle(const RosterPlot& entry, int coordinate, double delta)
 void ChartXY::DragShapes(const vtkContextMouseEvent& mouse)
 {
     const vtkVector2d delta = ChartPrivate->motion(0, mouse);
-    for (const RosterCorner& corner : ChartPrivate->roster.corners()) {
-        for (const RosterPlot& entry : corner.plots) {
-            const Plot& part = *entry.part;
-            const bool dragged = part.dragTarget && part.shape && entry.plot->GetInteractive();
-            if (dragged && DragPointAlongX && part.canDragX) {
-                part.shape->xTranslate(delta.GetX());
-                followShape(entry, kX);
-            }
-            if (dragged && DragPointAlongY && part.canDragY) {
-                part.shape->yTranslate(delta.GetY());
-                followShape(entry, kY);
-            }
-            markInputModified(entry.plot); // of every plot, dragged or not
-            MarkSceneDirty();
+    PlotRoster& roster = ChartPrivate->roster;
+    for (const RosterPlot* entry : roster.dragTargets()) {
+        const Plot& part = *entry->part;
+        const bool dragged = part.dragTarget && part.shape && entry->plot->GetInteractive();
+        if (dragged && DragPointAlongX && part.canDragX) {
+            part.shape->xTranslate(delta.GetX());
+            followShape(*entry, kX);
         }
+        if (dragged && DragPointAlongY && part.canDragY) {
+            part.shape->yTranslate(delta.GetY());
+            followShape(*entry, kY);
+        }
+        markInputModified(entry->plot);
     }
+    if (roster.corners().empty())
+        return;
+    ChartPrivate->inputsOutdated = true;
+    MarkSceneDirty();
+}
+
+/** A drag makes every plot take over its table, dragged or not, but none does before Update(). */
+void ChartXY::MarkInputsModified()
+{
+    if (!std::exchange(ChartPrivate->inputsOutdated, false))
+        return;
+    for (const RosterCorner& corner : ChartPrivate->roster.corners())
+        for (const RosterPlot& entry : corner.plots)
+            markInputModified(entry.plot);
 }
 
 void ChartXY::PanAxes(const vtkContextMouseEvent& mouse)

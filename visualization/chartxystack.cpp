@@ -40,6 +40,7 @@ std::vector<Item> lastFirst(const std::vector<vtkPlot*>& plots, vtkContextTransf
 
 void ChartXY::LowerPlots(const std::vector<vtkPlot*>& plots)
 {
+    ChartPrivate->roster.itemsChanged();
     for (vtkContextTransform* corner : ChartPrivate->plotCorners) {
         std::vector<Item> order = lastFirst(plots, corner);
         if (order.empty())
@@ -54,6 +55,7 @@ void ChartXY::LowerPlots(const std::vector<vtkPlot*>& plots)
 
 void ChartXY::RemovePlots(const std::vector<vtkPlot*>& plots)
 {
+    ChartPrivate->roster.itemsChanged();
     const ItemSet unwanted(plots.begin(), plots.end());
     const auto isUnwanted = [&](vtkAbstractContextItem* plot) { return unwanted.count(plot) > 0; };
     std::vector<vtkPlot*>& all = ChartPrivate->plots;

@@ -55,18 +55,17 @@ bool canBeDraggedByLines(const Plot& part) { return canBeDragged(part) && !part.
  * has a higher priority than all taken before it. `take` answers whether it took the shape.
  */
 template <class Take>
-void climb(
-    const RosterCorner& corner, const Point& position, bool (*isCandidate)(const Plot&), Take take)
+void climb(PlotRoster& roster, std::size_t corner, const Point& position,
+    bool (*isCandidate)(const Plot&), Take take)
 {
     int best = std::numeric_limits<int>::lowest();
-    for (const RosterPlot& entry : corner.plots) {
-        Plot& part = *entry.part;
-        if (!isCandidate(part) || !part.shape->insidePolygon(position))
-            continue;
+    roster.visitShapes(corner, position, [&](Plot& part) {
+        if (!isCandidate(part) || !Outlines::contains(*part.shape, position))
+            return;
         const int priority = part.shape->priority();
         if (priority > best && take(part))
             best = priority;
-    }
+    });
 }
 
 vtkVector2d dataPosition(const RosterPlot& found)
@@ -240,20 +239,24 @@ Point ChartXY::MouseOnCornerZero(const vtkContextMouseEvent& mouse) const
 bool ChartXY::HoverDraggableShape(const vtkContextMouseEvent& mouse)
 {
     const Point position = MouseOnCornerZero(mouse);
+    PlotRoster& roster = ChartPrivate->roster;
     bool inside = false;
-    for (const RosterCorner& corner : ChartPrivate->roster.corners())
-        for (const RosterPlot& entry : corner.plots)
-            if (canBeDragged(*entry.part) && entry.part->shape->insidePolygon(position))
+    for (std::size_t corner = 0; corner < roster.corners().size(); ++corner) {
+        roster.visitShapes(corner, position, [&](const Plot& part) {
+            if (canBeDragged(part) && Outlines::contains(*part.shape, position))
                 inside = true;
+        });
+    }
     return inside && !HitHandlePlot(mouse);
 }
 
 void ChartXY::PressShapes(const vtkContextMouseEvent& mouse)
 {
     const Point position = MouseOnCornerZero(mouse);
-    for (const RosterCorner& corner : ChartPrivate->roster.corners()) {
-        clearDragTargets(corner);
-        climb(corner, position, canBeDragged, [](Plot& part) {
+    PlotRoster& roster = ChartPrivate->roster;
+    for (std::size_t corner = 0; corner < roster.corners().size(); ++corner) {
+        clearDragTargets(roster.corners()[corner]);
+        climb(roster, corner, position, canBeDragged, [](Plot& part) {
             part.shape->onMousePress(); // also when a later shape beats it
             return true;
         });
@@ -263,11 +266,12 @@ void ChartXY::PressShapes(const vtkContextMouseEvent& mouse)
 bool ChartXY::PickShapeForDrag(const vtkContextMouseEvent& mouse)
 {
     const Point position = MouseOnCornerZero(mouse);
+    PlotRoster& roster = ChartPrivate->roster;
     bool picked = false;
-    for (const RosterCorner& corner : ChartPrivate->roster.corners()) {
-        clearDragTargets(corner);
+    for (std::size_t corner = 0; corner < roster.corners().size(); ++corner) {
+        clearDragTargets(roster.corners()[corner]);
         Plot* winner = nullptr;
-        climb(corner, position, canBeDraggedByLines, [&winner](Plot& part) {
+        climb(roster, corner, position, canBeDraggedByLines, [&winner](Plot& part) {
             winner = &part;
             return true;
         });
@@ -282,9 +286,10 @@ bool ChartXY::PickShapeForDrag(const vtkContextMouseEvent& mouse)
 std::string ChartXY::ShapeTooltip(const vtkContextMouseEvent& mouse)
 {
     const Point position = MouseOnCornerZero(mouse);
+    PlotRoster& roster = ChartPrivate->roster;
     std::string result; // of the last corner that has a text
-    for (const RosterCorner& corner : ChartPrivate->roster.corners()) {
-        climb(corner, position, canBeDraggedByLines, [&](Plot& part) {
+    for (std::size_t corner = 0; corner < roster.corners().size(); ++corner) {
+        climb(roster, corner, position, canBeDraggedByLines, [&](Plot& part) {
             const std::string text = part.shape->tooltips(position).toStdString();
             if (!text.empty()) // else it does not raise the bar
                 result = text;

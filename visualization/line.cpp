@@ -21,7 +21,7 @@ Line::Line()
 }
 
 Line::Line(const Point& p1, const Point& p2)
-    : d(new Private {p1, p2})
+    : d(new Private {p1, p2, {}})
 {
 }
 
@@ -33,6 +33,8 @@ Line::Line(const Line& other)
 Line::Line(Line&& other) noexcept
     : d(std::exchange(other.d, nullptr))
 {
+    if (d)
+        d->leaveOutline();
 }
 
 Line::~Line() { delete d; }
@@ -47,6 +49,8 @@ Line& Line::operator=(const Line& other)
 Line& Line::operator=(Line&& other) noexcept
 {
     moveContents(d, other.d);
+    if (d)
+        d->leaveOutline();
     return *this;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "plotroster.h"
 
+#include "point.h"
 #include "vtkcompat.h"
 
 #include <vtkContextMouseEvent.h>
@@ -12,6 +13,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace ovl {
 namespace {
@@ -24,10 +26,10 @@ float plotUnits(vtkTransform2D* transform, int axis)
         std::fabs(kHitPixels / transform->GetMatrix()->GetElement(axis, axis)));
 }
 
-PointBounds measure(vtkPlotPoints* plot, vtkMTimeType built)
+PointBounds measure(vtkPlotPoints* plot)
 {
     constexpr float none = std::numeric_limits<float>::infinity();
-    PointBounds bounds {built, none, -none, none, -none};
+    PointBounds bounds {none, -none, none, -none};
     vtkPoints2D* points = compat::PlotPointsAccess::points(plot);
     const vtkIdType count = points ? points->GetNumberOfPoints() : 0;
     const auto* place = count > 0 ? static_cast<float*>(points->GetVoidPointer(0)) : nullptr;
@@ -41,22 +43,15 @@ PointBounds measure(vtkPlotPoints* plot, vtkMTimeType built)
     return bounds;
 }
 
-/** False only when the plot would certainly answer that it has no point there. */
-bool mayHit(RosterPlot& entry, const PointProbe& probe)
+/** Of a plot that must be asked wherever the mouse is. */
+PointBounds everywhere()
 {
-    if (!entry.points)
-        return true;
-    const vtkMTimeType built = compat::PlotPointsAccess::buildTime(entry.points);
-    PointBounds& bounds = entry.bounds;
-    if (bounds.built != built || built == 0)
-        bounds = measure(entry.points, built);
-    constexpr float slack = 1.001F; // whichever way the plot rounds
-    const float x = probe.tolerance.GetX() * slack;
-    const float y = probe.tolerance.GetY() * slack;
-    const vtkVector2f& at = probe.position;
-    return !(bounds.right < at.GetX() - x || bounds.left > at.GetX() + x
-        || bounds.top < at.GetY() - y || bounds.bottom > at.GetY() + y);
+    constexpr float most = std::numeric_limits<float>::infinity();
+    return {-most, most, -most, most};
 }
+
+/** Among so many plots each is looked at again for each event. */
+constexpr std::size_t kLooksAtOnce = 256;
 
 } // namespace
 
@@ -75,6 +70,14 @@ PlotRoster::PlotRoster(const std::vector<vtkContextTransform*>& corners)
 
 void PlotRoster::forgetAnswers() { ++serial; }
 
+void PlotRoster::pointsChanged()
+{
+    arePointsKnown = false;
+    forgetAnswers();
+}
+
+void PlotRoster::itemsChanged() { areItemsKnown = false; }
+
 std::vector<RosterCorner>& PlotRoster::corners()
 {
     if (!isCurrent())
@@ -82,26 +85,35 @@ std::vector<RosterCorner>& PlotRoster::corners()
     return known;
 }
 
-bool PlotRoster::isCurrent() const
+bool PlotRoster::isCurrent()
 {
-    auto next = seen.begin();
-    const auto isNext = [&](const vtkAbstractContextItem* item) {
-        return next != seen.end() && (next++)->GetPointer() == item;
-    };
+    if (!areItemsKnown || shapesPointedAt != Noted<Shape*>::changes()
+        || shapesMoved != Outlines::moves())
+        return false;
+    if (inspected >= seen.size())
+        inspected = 0;
+    const std::size_t end = inspected + kLooksAtOnce;
+    std::size_t at = 0;
     for (vtkContextTransform* transform : transforms) {
-        if (!isNext(transform))
+        const auto count = static_cast<std::size_t>(transform->GetNumberOfItems());
+        if (at + count >= seen.size() || seen[at] != transform)
             return false;
-        for (vtkIdType i = 0; i < transform->GetNumberOfItems(); ++i)
-            if (!isNext(transform->GetItem(i)))
+        ++at;
+        const std::size_t from = std::max(inspected, at);
+        for (std::size_t i = from; i < std::min(end, at + count); ++i)
+            if (seen[i] != transform->GetItem(static_cast<vtkIdType>(i - at)))
                 return false;
+        at += count;
     }
-    return next == seen.end();
+    inspected = end;
+    return at == seen.size();
 }
 
 void PlotRoster::look()
 {
     known.clear();
     seen.clear();
+    plotCount = 0;
     for (vtkContextTransform* transform : transforms) {
         RosterCorner corner {transform, {}};
         seen.emplace_back(transform);
@@ -113,9 +125,119 @@ void PlotRoster::look()
             if (Plot* part = dynamic_cast<Plot*>(plot))
                 corner.plots.push_back({plot, part, vtkPlotPoints::SafeDownCast(plot)});
         }
-        if (!corner.plots.empty())
-            known.push_back(std::move(corner));
+        if (corner.plots.empty())
+            continue;
+        corner.bounds.assign(corner.plots.size(), everywhere());
+        corner.firstSlot = plotCount;
+        plotCount += corner.plots.size();
+        known.push_back(std::move(corner));
     }
+    shapes.build(known);
+    shapesPointedAt = Noted<Shape*>::changes();
+    shapesMoved = Outlines::moves();
+    areItemsKnown = true;
+    arePointsKnown = areNearShapesKnown = areTargetsKnown = false;
+}
+
+void PlotRoster::ShapeIndex::clear()
+{
+    parts.clear();
+    first = std::numeric_limits<OutlineNumber>::max();
+    last = 0;
+    slotOf.clear();
+    unnumbered.clear();
+}
+
+void PlotRoster::ShapeIndex::build(const std::vector<RosterCorner>& corners)
+{
+    clear();
+    std::vector<OutlineNumber> numbers; // of each slot
+    for (const RosterCorner& corner : corners) {
+        for (const RosterPlot& entry : corner.plots) {
+            const Shape* shape = entry.part->shape;
+            const OutlineNumber number = shape ? Outlines::watch(*shape) : 0;
+            if (shape && number == 0)
+                unnumbered.push_back(parts.size());
+            if (number != 0) {
+                first = std::min(first, number);
+                last = std::max(last, number);
+            }
+            numbers.push_back(number);
+            parts.push_back(entry.part);
+        }
+    }
+    nextSlot.assign(parts.size(), kNone);
+    if (last == 0)
+        return;
+    slotOf.assign(std::size_t {last} - first + 1, kNone);
+    for (std::size_t slot = numbers.size(); slot-- > 0;)
+        if (numbers[slot] != 0)
+            nextSlot[slot] = std::exchange(slotOf[numbers[slot] - first], slot);
+}
+
+const std::vector<std::size_t>& PlotRoster::shapesNear(const Point& position)
+{
+    corners();
+    const Position place {position.x(), position.y()};
+    if (areNearShapesKnown && nearAt == shapeChanges() && nearPlace.x == place.x
+        && nearPlace.y == place.y)
+        return nearShapes;
+    nearShapes.clear();
+    findShapes(place);
+    sortNearShapes();
+    nearPlace = place;
+    nearAt = shapeChanges();
+    areNearShapesKnown = true;
+    return nearShapes;
+}
+
+void PlotRoster::findShapes(Position place)
+{
+    if (!Outlines::isOrdinary(place)) {
+        for (std::size_t slot = 0; slot < shapes.parts.size(); ++slot)
+            if (shapes.parts[slot]->shape)
+                nearShapes.push_back(slot);
+        return;
+    }
+    nearShapes = shapes.unnumbered;
+    Outlines::sweep(shapes.first, shapes.last, place, [&](OutlineNumber number) {
+        std::size_t slot = shapes.slotOf[number - shapes.first];
+        if (slot == ShapeIndex::kNone || !Outlines::mayContain(*shapes.parts[slot]->shape, place))
+            return;
+        for (; slot != ShapeIndex::kNone; slot = shapes.nextSlot[slot])
+            nearShapes.push_back(slot);
+    });
+}
+
+void PlotRoster::sortNearShapes()
+{
+    // Where most shapes must be asked, a sort would take longer than asking them.
+    if (nearShapes.size() < shapes.parts.size() / 16) {
+        std::sort(nearShapes.begin(), nearShapes.end());
+        return;
+    }
+    std::vector<bool> isNear(shapes.parts.size(), false);
+    for (const std::size_t slot : nearShapes)
+        isNear[slot] = true;
+    nearShapes.clear();
+    for (std::size_t slot = 0; slot < isNear.size(); ++slot)
+        if (isNear[slot])
+            nearShapes.push_back(slot);
+}
+
+const std::vector<const RosterPlot*>& PlotRoster::dragTargets()
+{
+    corners();
+    if (areTargetsKnown && targetsAt == Noted<bool>::changes())
+        return targets;
+    targets.clear();
+    for (const RosterCorner& corner : known)
+        for (const RosterPlot& entry : corner.plots)
+            if (entry.part->dragTarget)
+                targets.push_back(&entry);
+    targetsAt = Noted<bool>::changes();
+    areTargetsKnown = true;
+    return targets;
 }
 
 PlotRoster::Event::Event(PlotRoster& roster)
@@ -131,14 +253,44 @@ PlotRoster::Event::~Event()
     owner.forgetAnswers();
 }
 
+void PlotRoster::measurePoints()
+{
+    if (arePointsKnown && plotCount > kLooksAtOnce)
+        return;
+    for (RosterCorner& corner : known) {
+        for (std::size_t i = 0; i < corner.plots.size(); ++i) {
+            RosterPlot& plot = corner.plots[i];
+            if (!plot.points)
+                continue;
+            const vtkMTimeType built = compat::PlotPointsAccess::buildTime(plot.points);
+            if (plot.built != built || built == 0)
+                corner.bounds[i] = measure(plot.points);
+            plot.built = built;
+        }
+    }
+    arePointsKnown = true;
+}
+
+/** Leaves out only plots that would certainly answer that they have no point there. */
 const std::vector<std::size_t>& PlotRoster::near(RosterCorner& corner, const PointProbe& probe)
 {
     if (events > 0 && corner.probed == serial && corner.probe == probe)
         return corner.near;
+    measurePoints();
+    constexpr float slack = 1.001F; // whichever way the plot rounds
+    const float x = probe.tolerance.GetX() * slack;
+    const float y = probe.tolerance.GetY() * slack;
+    const float left = probe.position.GetX() - x;
+    const float right = probe.position.GetX() + x;
+    const float bottom = probe.position.GetY() - y;
+    const float top = probe.position.GetY() + y;
     corner.near.clear();
-    for (std::size_t i = corner.plots.size(); i-- > 0;)
-        if (mayHit(corner.plots[i], probe))
+    for (std::size_t i = corner.bounds.size(); i-- > 0;) {
+        const PointBounds& bounds = corner.bounds[i];
+        if (!(bounds.top < bottom || bounds.bottom > top || bounds.right < left
+                || bounds.left > right))
             corner.near.push_back(i);
+    }
     corner.probed = serial;
     corner.probe = probe;
     return corner.near;

@@ -3,6 +3,7 @@
 #ifndef OVL_VISUALIZATION_PLOTROSTER_H
 #define OVL_VISUALIZATION_PLOTROSTER_H
 
+#include "outlines.h"
 #include "plot.h"
 
 #include <vtkAbstractContextItem.h>
@@ -10,7 +11,9 @@
 #include <vtkVector.h>
 #include <vtkWeakPointer.h>
 
+#include <algorithm>
 #include <cstdint>
+#include <limits>
 #include <vector>
 
 class vtkContextMouseEvent;
@@ -18,6 +21,8 @@ class vtkContextTransform;
 class vtkPlotPoints;
 
 namespace ovl {
+
+class Point;
 
 /** The mouse in a corner's plot space, and the distance within which a point is still hit. */
 struct PointProbe {
@@ -35,7 +40,6 @@ struct PointProbe {
 
 /** Where the points of a plot are, in plot space; empty while `left` is greater than `right`. */
 struct PointBounds {
-    vtkMTimeType built = 0; ///< the state of the points that was measured; 0 for none
     float left = 1, right = 0, bottom = 1, top = 0;
 };
 
@@ -52,7 +56,7 @@ struct RosterPlot {
     Plot* part;
     /** The same plot when it is of a kind whose points can be looked at, else null. */
     vtkPlotPoints* points;
-    PointBounds bounds {};
+    vtkMTimeType built = 0; ///< the state of the points that was measured; 0 for none
     /** The answer that was given in the event of this number. */
     std::uint64_t asked = 0;
     NearestPoint nearest {};
@@ -62,6 +66,8 @@ struct RosterPlot {
 struct RosterCorner {
     vtkContextTransform* transform;
     std::vector<RosterPlot> plots;
+    std::vector<PointBounds> bounds {}; ///< of each plot, side by side to be gone through
+    std::size_t firstSlot = 0; ///< the number of its first plot among all plots of the roster
     /** The plots that the probe may hit, the topmost first; as it was for the event's number. */
     std::vector<std::size_t> near {};
     PointProbe probe {};
@@ -79,12 +85,14 @@ inline void clearDragTargets(const RosterCorner& corner)
  * The corners of a chart that have plots, kept from event to event so that none has to look for
  * the Plot part of each plot again.
  *
- * Anybody may add, remove and restack a corner's items, so the roster compares them with what it
- * has seen whenever it is asked; that takes a fraction of the search for the parts.
+ * Whoever changes the items tells the roster. It also looks by itself whether they are as it knows
+ * them, at each event: at all of them in a chart of some hundred plots, where that takes no time;
+ * among thousands only at their number and at some hundreds of them in turn.
  *
  * An event that asks more than one question about the same place asks each plot once: within an
  * Event, the plots' answers are kept. Plots whose points are all too far away are not asked at all;
- * where a plot's points are is measured anew whenever the plot has built them anew.
+ * where a plot's points are is measured anew when the plot has built them anew. Nor are shapes
+ * asked that lie elsewhere; where they are is told by Outlines.
  */
 class PlotRoster {
 public:
@@ -93,6 +101,10 @@ public:
 
     /** To be called whenever the plots' points or transforms may have changed. */
     void forgetAnswers();
+    /** To be called whenever the plots may have built their points anew. */
+    void pointsChanged();
+    /** To be called whenever the corners or their items have changed. */
+    void itemsChanged();
 
     /** As their items are now. Good until the next call after one of them has changed. */
     std::vector<RosterCorner>& corners();
@@ -127,9 +139,65 @@ public:
         return nullptr;
     }
 
+    /**
+     * Calls `visit` with each plot of the corner with that index whose shape may contain the
+     * position, in their order. The position is in the units of the shapes. `visit` may change the
+     * shapes, and then meets the plots that come after it as they are then.
+     */
+    template <class Visit>
+    void visitShapes(std::size_t cornerIndex, const Point& position, Visit visit)
+    {
+        const std::vector<std::size_t>& slots = shapesNear(position);
+        const RosterCorner& corner = known[cornerIndex];
+        const std::size_t end = corner.firstSlot + corner.plots.size();
+        const std::uint64_t before = shapeChanges();
+        auto slot = std::lower_bound(slots.begin(), slots.end(), corner.firstSlot);
+        for (; slot != slots.end() && *slot < end; ++slot) {
+            visit(*corner.plots[*slot - corner.firstSlot].part);
+            if (shapeChanges() != before) {
+                visitRest(corner, *slot + 1 - corner.firstSlot, visit);
+                return;
+            }
+        }
+    }
+
+    /** The plots that are drag targets, in their order. */
+    const std::vector<const RosterPlot*>& dragTargets();
+
 private:
+    /** The shapes with a number, by the plots that draw them. */
+    struct ShapeIndex {
+        void clear();
+        void build(const std::vector<RosterCorner>& corners);
+
+        static constexpr std::size_t kNone = std::numeric_limits<std::size_t>::max();
+
+        std::vector<Plot*> parts; ///< of each slot
+        OutlineNumber first = 1; ///< the least number, and in `last` the greatest
+        OutlineNumber last = 0;
+        std::vector<std::size_t> slotOf; ///< of each number from the first on, or kNone
+        std::vector<std::size_t> nextSlot; ///< of each slot: the next one of the same number
+        std::vector<std::size_t> unnumbered; ///< the slots of shapes that have no number
+    };
+
+    template <class Visit>
+    static void visitRest(const RosterCorner& corner, std::size_t from, Visit visit)
+    {
+        for (std::size_t i = from; i < corner.plots.size(); ++i)
+            if (corner.plots[i].part->shape)
+                visit(*corner.plots[i].part);
+    }
+
     const std::vector<std::size_t>& near(RosterCorner& corner, const PointProbe& probe);
-    bool isCurrent() const;
+    void measurePoints();
+    static std::uint64_t shapeChanges()
+    {
+        return Outlines::changes() + Outlines::moves() + Noted<Shape*>::changes();
+    }
+    const std::vector<std::size_t>& shapesNear(const Point& position);
+    void findShapes(Position place);
+    void sortNearShapes();
+    bool isCurrent();
     void look();
     const NearestPoint& nearestPoint(RosterPlot& plot, const PointProbe& probe);
 
@@ -140,6 +208,20 @@ private:
      * where one that has gone was.
      */
     std::vector<vtkWeakPointer<vtkAbstractContextItem>> seen;
+    std::size_t plotCount = 0;
+    std::size_t inspected = 0; ///< where among `seen` the next look begins
+    bool areItemsKnown = false;
+    bool arePointsKnown = false;
+    ShapeIndex shapes;
+    std::uint64_t shapesPointedAt = 0; ///< the state of the plots' pointers that was looked at
+    std::uint64_t shapesMoved = 0;
+    std::vector<std::size_t> nearShapes; ///< the slots that may be inside at `nearPlace`
+    Position nearPlace {0.0, 0.0};
+    std::uint64_t nearAt = 0; ///< the state of the shapes that they were found in
+    bool areNearShapesKnown = false;
+    std::vector<const RosterPlot*> targets;
+    std::uint64_t targetsAt = 0;
+    bool areTargetsKnown = false;
     int events = 0; ///< under way; one may raise another
     std::uint64_t serial = 1; ///< answers with another number are out of date
 };

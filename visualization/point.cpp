@@ -12,8 +12,10 @@ Point::Point()
 }
 
 Point::Point(double x, double y)
-    : d(new Private {x, y})
+    : d(new Private)
 {
+    d->x = x;
+    d->y = y;
 }
 
 Point::Point(const Point& other)
@@ -24,6 +26,8 @@ Point::Point(const Point& other)
 Point::Point(Point&& other) noexcept
     : d(std::exchange(other.d, nullptr))
 {
+    if (d)
+        d->outline.leave();
 }
 
 Point::~Point() { delete d; }
@@ -38,6 +42,8 @@ Point& Point::operator=(const Point& other)
 Point& Point::operator=(Point&& other) noexcept
 {
     moveContents(d, other.d);
+    if (d)
+        d->outline.leave();
     return *this;
 }
 
@@ -73,8 +79,7 @@ Point& Point::operator+=(const Point& other)
 {
     Private& point = contents("Point::operator+=", d);
     const Private& step = contents("Point::operator+=", other.d);
-    point.x += step.x;
-    point.y += step.y;
+    point.moveTo(point.x + step.x, point.y + step.y);
     return *this;
 }
 
@@ -82,23 +87,30 @@ Point& Point::operator-=(const Point& other)
 {
     Private& point = contents("Point::operator-=", d);
     const Private& step = contents("Point::operator-=", other.d);
-    point.x -= step.x;
-    point.y -= step.y;
+    point.moveTo(point.x - step.x, point.y - step.y);
     return *this;
 }
 
-void Point::set(double x, double y)
+void Point::set(double x, double y) { contents("Point::set", d).moveTo(x, y); }
+
+void Point::setX(double x)
 {
-    Private& point = contents("Point::set", d);
-    point.x = x;
-    point.y = y;
+    Private& point = contents("Point::setX", d);
+    point.moveTo(x, point.y);
 }
 
-void Point::setX(double x) { contents("Point::setX", d).x = x; }
+void Point::setY(double y)
+{
+    Private& point = contents("Point::setY", d);
+    point.moveTo(point.x, y);
+}
 
-void Point::setY(double y) { contents("Point::setY", d).y = y; }
-
-void Point::setVisible(bool visible) { contents("Point::setVisible", d).visible = visible; }
+void Point::setVisible(bool visible)
+{
+    Private& point = contents("Point::setVisible", d);
+    point.visible = visible;
+    point.outline.changed();
+}
 
 bool Point::visible() const { return contents("Point::visible", d).visible; }
 
@@ -117,6 +129,7 @@ void Point::shallowCopy(const Point& other)
     point.visible = state.visible;
     point.dragX = state.dragX;
     point.dragY = state.dragY;
+    point.outline.changed();
 }
 
 } // namespace ovl

@@ -3,6 +3,7 @@
 #ifndef OVL_VISUALIZATION_POINT_P_H
 #define OVL_VISUALIZATION_POINT_P_H
 
+#include "outlines.h"
 #include "point.h"
 #include "segment.h"
 
@@ -16,11 +17,19 @@ struct OVL_HIDDEN Point::Private {
     bool visible = true;
     bool dragX = true;
     bool dragY = true;
+    OutlineMark outline; // fills what would be padding
 
     Position shown() const
     {
         constexpr double nan = std::numeric_limits<double>::quiet_NaN();
         return visible ? Position {x, y} : Position {nan, nan};
+    }
+
+    void moveTo(double newX, double newY)
+    {
+        x = newX;
+        y = newY;
+        outline.changed();
     }
 };
 

@@ -1,31 +1,13 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "shape.h"
 
-#include "line_p.h"
-#include "range.h"
-#include "valuecontents.h"
+#include "shape_p.h"
 
 #include <cmath>
-#include <cstdint>
-#include <vector>
 
 namespace ovl {
 
 namespace {
-
-/** What lines and handles have each of their own. Some fields serve only one of the two. */
-struct ShapeStyle {
-    QColor color = QColor::fromRgbF(1.0, 1.0, 1.0, 1.0);
-    QString firstText; // the texts, `flag` and `number` are copied along, but not read yet
-    QString secondText;
-    bool interactive = false;
-    bool hasPlot = true;
-    bool tooltips = true;
-    bool canDragX = false;
-    bool canDragY = false;
-    bool flag = true;
-    int number = 0;
-};
 
 template <class Callback, class... Arguments>
 void callIfSet(const Callback& callback, Arguments&&... arguments)
@@ -35,34 +17,6 @@ void callIfSet(const Callback& callback, Arguments&&... arguments)
 }
 
 } // namespace
-
-struct OVL_HIDDEN Shape::Private {
-    std::vector<Line> lines;
-    std::vector<Point> handles; // of line i: 3i its first end, 3i + 1 its centre, 3i + 2 its second
-    std::function<void()> onMousePressCallback;
-    std::function<void(double)> xTranslationCallback;
-    std::function<void(double)> yTranslationCallback;
-    std::function<void(const Point&, double)> xResizeCallback;
-    std::function<void(const Point&, double)> yResizeCallback;
-    std::function<void()> onMouseReleaseCallback;
-    std::function<bool(const Point&)> insidePolygonCallback;
-    std::function<QString(const Point&)> shapeTooltipCallback;
-    ShapeStyle lineStyle;
-    ShapeStyle handleStyle; // its drag permissions govern the lines too
-    QString title;
-    QString format;
-    Range xAxisRange;
-    Range yAxisRange;
-    std::int64_t identifier = -1;
-    double tolerance = static_cast<double>(0.05f);
-    LineType lineType = Solid;
-    PlotStackPriority plotStackPriority = NormalPlotStackPriority;
-    int handleSize = 2;
-    int priority = 0;
-    bool handleVisible = true;
-    bool legendVisible = true;
-    bool visible = true;
-};
 
 Shape::Shape()
     : d(new Private)
@@ -77,20 +31,28 @@ Shape::Shape(const Shape& other)
 Shape::Shape(Shape&& other) noexcept
     : d(std::exchange(other.d, nullptr))
 {
+    if (d)
+        d->outline.moved();
 }
 
 Shape::~Shape() { delete d; }
 
 Shape& Shape::operator=(const Shape& other)
 {
-    if (this != &other)
-        copyContents("Shape::operator=", d, other.d);
+    if (this == &other)
+        return *this;
+    Private* copy = copyOfContents("Shape::operator=", other.d);
+    if (d && copy)
+        copy->outline.replace(d->outline);
+    delete std::exchange(d, copy);
     return *this;
 }
 
 Shape& Shape::operator=(Shape&& other) noexcept
 {
     moveContents(d, other.d);
+    if (d)
+        d->outline.moved();
     return *this;
 }
 
@@ -102,6 +64,7 @@ void Shape::addLine(const Point& p1, const Point& p2)
     shape.handles.push_back(*line.p1());
     shape.handles.push_back(line.center());
     shape.handles.push_back(*line.p2());
+    shape.outline.changed();
 }
 
 void Shape::clear()
@@ -109,6 +72,7 @@ void Shape::clear()
     Private& shape = contents("Shape::clear", d);
     shape.lines.clear();
     shape.handles.clear();
+    shape.outline.changed();
 }
 
 Line* Shape::line(int index) const
@@ -219,6 +183,7 @@ void Shape::shallowCopy(const Shape& other)
     shape.insidePolygonCallback = source.insidePolygonCallback;
     shape.shapeTooltipCallback = source.shapeTooltipCallback;
     shape.visible = source.visible;
+    shape.outline.changed();
 }
 
 void Shape::setOnMousePressCallback(std::function<void()> callback)
@@ -253,7 +218,9 @@ void Shape::setYResizeCallback(std::function<void(const Point&, double)> callbac
 
 void Shape::setInsidePolygonCallback(std::function<bool(const Point&)> callback)
 {
-    contents("Shape::setInsidePolygonCallback", d).insidePolygonCallback = std::move(callback);
+    Private& shape = contents("Shape::setInsidePolygonCallback", d);
+    shape.insidePolygonCallback = std::move(callback);
+    shape.outline.changed();
 }
 
 void Shape::setShapeTooltipCallback(std::function<QString(const Point&)> callback)

@@ -238,6 +238,7 @@ public:
     void setVisible(bool visible);
 
 private:
+    friend class Outlines;
     friend class ProfileView;
 
     struct Private;
