@@ -5,6 +5,7 @@
 #include "plotarea.h"
 #include "plotbag.h"
 #include "plotbar.h"
+#include "plotcorner.h"
 #include "plotfunctionalbag.h"
 #include "plotline.h"
 #include "plotpoints.h"
@@ -68,7 +69,7 @@ void setColor(vtkPlot* plot, int places, const vtkColor3ub& color)
 
 void addCorner(std::vector<vtkContextTransform*>& corners, vtkContextClip* clip)
 {
-    const vtkNew<vtkContextTransform> corner;
+    const vtkNew<PlotCorner> corner;
     corners.push_back(corner);
     clip->AddItem(corner);
 }
