@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // What one move of the mouse costs, from the widget's event to the tooltip: over long curves, over
 // many shapes, and while one of them is dragged. Nothing is repainted.
-#include "profilerig.h"
+#include "chartpeers.h"
 
 #include <algorithm>
 #include <vector>
@@ -53,6 +53,22 @@ void searchCurves(benchmark::State& state)
 }
 
 void hoverShapes(benchmark::State& state) { hover(state, rigOf<BoxRig>(sizeOf(state)).widget); }
+
+template <class Rig> [[maybe_unused]] void peerHoverCurves(benchmark::State& state)
+{
+    auto& rig = rigOf<Rig>(kCurves, sizeOf(state));
+    int step = 0;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(rig.curveAt(wander(++step).toPoint()));
+}
+
+template <class Rig> void peerHoverShapes(benchmark::State& state)
+{
+    auto& rig = rigOf<BoxesOf<Rig>>(sizeOf(state));
+    int step = 0;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(rig.boxAt(wander(++step).toPoint()));
+}
 
 void moveShape(Shape& shape, const Point& step)
 {
@@ -112,6 +128,17 @@ BENCHMARK(searchCurves)->Name("BM_HoverCurves/floor")->Apply(curveSizes);
 BENCHMARK(hoverShapes)->Name("BM_HoverShapes/ovl")->Apply(shapeCounts);
 BENCHMARK(dragShape)->Name("BM_DragShape/ovl")->Apply(shapeCounts);
 BENCHMARK(dragHandle)->Name("BM_DragHandle/ovl")->Apply(shapeCounts);
+BENCHMARK(peerHoverShapes<GraphicsViewRig>)
+    ->Name("BM_HoverShapes/qgraphicsview")
+    ->Apply(shapeCounts);
+#ifdef OVL_HAVE_QWT
+BENCHMARK(peerHoverCurves<QwtRig>)->Name("BM_HoverCurves/qwt")->Apply(curveSizes);
+BENCHMARK(peerHoverShapes<QwtRig>)->Name("BM_HoverShapes/qwt")->Apply(shapeCounts);
+#endif
+#ifdef OVL_HAVE_QCUSTOMPLOT
+BENCHMARK(peerHoverCurves<QCustomPlotRig>)->Name("BM_HoverCurves/qcustomplot")->Apply(curveSizes);
+BENCHMARK(peerHoverShapes<QCustomPlotRig>)->Name("BM_HoverShapes/qcustomplot")->Apply(shapeCounts);
+#endif
 
 } // namespace
 

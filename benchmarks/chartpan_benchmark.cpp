@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Panning curves by the mouse: the event alone, and with the repaint after it. Run it once more
 // with GALLIUM_NOOP=1 to leave out what the software driver takes.
-#include "profilerig.h"
+#include "chartpeers.h"
 
 namespace {
 
@@ -33,6 +33,17 @@ template <int curves> void panRepaint(benchmark::State& state)
     pan(state, rig.widget, [&rig] { rig.render(); });
 }
 
+/** A peer's program moves the axis itself. */
+template <class Rig, int curves> [[maybe_unused]] void peerRepaint(benchmark::State& state)
+{
+    auto& rig = rigOf<Rig>(curves, static_cast<int>(state.range(0)));
+    int step = 0;
+    for (auto _ : state) {
+        rig.shift(++step % 2);
+        rig.render();
+    }
+}
+
 /** The floor: the same window without curves. */
 void emptyRepaint(benchmark::State& state)
 {
@@ -55,6 +66,18 @@ BENCHMARK(panEvent<1>)->Name("BM_PanEventOneCurve/ovl")->Apply(oneCurve);
 BENCHMARK(panRepaint<10>)->Name("BM_PanRepaintTenCurves/ovl")->Apply(tenCurves);
 BENCHMARK(panRepaint<1>)->Name("BM_PanRepaintOneCurve/ovl")->Apply(oneCurve);
 BENCHMARK(emptyRepaint)->Name("BM_PanRepaintTenCurves/floor")->MeasureProcessCPUTime();
+#ifdef OVL_HAVE_QWT
+BENCHMARK(peerRepaint<QwtRig, 10>)->Name("BM_PanRepaintTenCurves/qwt")->Apply(tenCurves);
+BENCHMARK(peerRepaint<QwtRig, 1>)->Name("BM_PanRepaintOneCurve/qwt")->Apply(oneCurve);
+#endif
+#ifdef OVL_HAVE_QCUSTOMPLOT
+BENCHMARK(peerRepaint<QCustomPlotRig, 10>)
+    ->Name("BM_PanRepaintTenCurves/qcustomplot")
+    ->Apply(tenCurves);
+BENCHMARK(peerRepaint<QCustomPlotRig, 1>)
+    ->Name("BM_PanRepaintOneCurve/qcustomplot")
+    ->Apply(oneCurve);
+#endif
 
 } // namespace
 

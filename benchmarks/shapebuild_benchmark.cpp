@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // What a host pays to bring many shapes into a view, of four lines and twelve handles each.
-#include "profilerig.h"
+#include "chartpeers.h"
 
 namespace {
 
@@ -16,6 +16,16 @@ void build(benchmark::State& state)
         rig.addBoxes(countOf(state));
         rig.view->drawShapes();
         rig.view->clearShape();
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+template <class Rig> void peerBuild(benchmark::State& state)
+{
+    auto& rig = rigOf<Rig>();
+    for (auto _ : state) {
+        rig.addBoxes(countOf(state));
+        rig.clear();
     }
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
@@ -56,6 +66,13 @@ BENCHMARK(build)->Name("BM_ShapeBuild/ovl")->Apply(sizes);
 BENCHMARK(bareShapes)->Name("BM_ShapeBuild/floor")->Apply(sizes);
 BENCHMARK(drawAgain)->Name("BM_ShapeDrawAgain/ovl")->Apply(sizes);
 BENCHMARK(redraw)->Name("BM_ShapeRedraw/ovl")->Apply(sizes);
+BENCHMARK(peerBuild<GraphicsViewRig>)->Name("BM_ShapeBuild/qgraphicsview")->Apply(sizes);
+#ifdef OVL_HAVE_QWT
+BENCHMARK(peerBuild<QwtRig>)->Name("BM_ShapeBuild/qwt")->Apply(sizes);
+#endif
+#ifdef OVL_HAVE_QCUSTOMPLOT
+BENCHMARK(peerBuild<QCustomPlotRig>)->Name("BM_ShapeBuild/qcustomplot")->Apply(sizes);
+#endif
 
 } // namespace
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // What a host pays to write and read its curves, cell by cell.
-#include "profilerig.h"
+#include "chartpeers.h"
 
 #include <vtkDoubleArray.h>
 #include <vtkNew.h>
@@ -63,6 +63,34 @@ void bareStores(benchmark::State& state)
     });
 }
 
+#ifdef OVL_HAVE_QWT
+/** A vector is filled, and the curve copies it. */
+void fillQwt(benchmark::State& state)
+{
+    Samples samples(0, rowsOf(state));
+    QwtPlotCurve curve;
+    fill(state, [&, rows = rowsOf(state)] {
+        for (int row = 0; row < rows; ++row)
+            samples.y[row] = sample(row);
+        curve.setSamples(samples.x, samples.y);
+    });
+}
+#endif
+
+#ifdef OVL_HAVE_QCUSTOMPLOT
+void fillQCustomPlot(benchmark::State& state)
+{
+    Samples samples(0, rowsOf(state));
+    QCustomPlot plot;
+    QCPGraph* graph = plot.addGraph();
+    fill(state, [&, rows = rowsOf(state)] {
+        for (int row = 0; row < rows; ++row)
+            samples.y[row] = sample(row);
+        graph->setData(samples.x, samples.y, true);
+    });
+}
+#endif
+
 void value(benchmark::State& state)
 {
     const int rows = rowsOf(state);
@@ -84,6 +112,12 @@ BENCHMARK(setValue)->Name("BM_TableFill/ovl")->Apply(sizes);
 BENCHMARK(bareStores)->Name("BM_TableFill/floor")->Apply(sizes);
 BENCHMARK(setVariant)->Name("BM_TableFill/stock")->Apply(sizes);
 BENCHMARK(value)->Name("BM_TableRead/ovl")->Apply(sizes);
+#ifdef OVL_HAVE_QWT
+BENCHMARK(fillQwt)->Name("BM_TableFill/qwt")->Apply(sizes);
+#endif
+#ifdef OVL_HAVE_QCUSTOMPLOT
+BENCHMARK(fillQCustomPlot)->Name("BM_TableFill/qcustomplot")->Apply(sizes);
+#endif
 
 } // namespace
 
