@@ -3,6 +3,7 @@
 
 #include "precondition.h"
 #include "spacescene.h"
+#include "steadymapper.h"
 #include "vtkcompat.h"
 
 #include <vtkCellArray.h>
@@ -11,7 +12,6 @@
 #include <vtkPointData.h>
 #include <vtkPoints.h>
 #include <vtkPolyData.h>
-#include <vtkPolyDataMapper.h>
 
 #include <algorithm>
 #include <numeric>
@@ -56,7 +56,7 @@ public:
     void draw();
 
     SpaceStage stage;
-    vtkSmartPointer<vtkPolyDataMapper> mapper = vtkSmartPointer<vtkPolyDataMapper>::New();
+    vtkSmartPointer<SteadyMapper> mapper = vtkSmartPointer<SteadyMapper>::New();
     vtkSmartPointer<vtkPolyData> polyData = vtkSmartPointer<vtkPolyData>::New();
     vtkSmartPointer<vtkDoubleArray> coordinates = vtkSmartPointer<vtkDoubleArray>::New();
     vtkSmartPointer<vtkCellArray> cells = vtkSmartPointer<vtkCellArray>::New();
@@ -194,6 +194,8 @@ void PointCloudView::Private::draw()
     cells->Modified();
     polyData->Modified();
     scalars->Modified();
+    if (memory.inOrder && memory.listed == memory.points)
+        mapper->setListsAll(cells, memory.points);
     mapper->SetInputData(polyData);
     mapper->SetScalarRange(settings.ranges[3].min(), settings.ranges[3].max());
     mapper->Update();

@@ -3,8 +3,9 @@
 
 #include "precondition.h"
 #include "spacescene.h"
+#include "steadymapper.h"
+#include "surfacewarp.h"
 
-#include <vtkDataSetMapper.h>
 #include <vtkDoubleArray.h>
 #include <vtkMath.h>
 #include <vtkPlaneSource.h>
@@ -14,7 +15,6 @@
 #include <vtkProperty.h>
 #include <vtkTransform.h>
 #include <vtkTransformPolyDataFilter.h>
-#include <vtkWarpScalar.h>
 
 #include <algorithm>
 
@@ -56,8 +56,8 @@ public:
     vtkSmartPointer<vtkPoints> points = vtkSmartPointer<vtkPoints>::New();
     vtkSmartPointer<vtkDoubleArray> scalars = vtkSmartPointer<vtkDoubleArray>::New();
     vtkSmartPointer<vtkPolyData> warpInput = vtkSmartPointer<vtkPolyData>::New();
-    vtkSmartPointer<vtkWarpScalar> warpFilter = vtkSmartPointer<vtkWarpScalar>::New();
-    vtkSmartPointer<vtkDataSetMapper> mapper = vtkSmartPointer<vtkDataSetMapper>::New();
+    vtkSmartPointer<SurfaceWarp> warpFilter = vtkSmartPointer<SurfaceWarp>::New();
+    vtkSmartPointer<SteadyDataSetMapper> mapper = vtkSmartPointer<SteadyDataSetMapper>::New();
     SpaceSettings settings;
     bool sceneReady = false;
 
@@ -171,6 +171,8 @@ void SurfaceView::Private::takeGrid()
     warpInput->CopyStructure(planeData);
     warpInput->SetPoints(points);
     warpInput->GetPointData()->SetScalars(scalars);
+    if (planeSource->GetXResolution() > 0 && planeSource->GetYResolution() > 0)
+        mapper->inner()->setUsesAll(warpInput->GetPolys(), count); // no point without a neighbour
     // Only the connectivity is still needed, and warpInput holds it.
     planeSource->GetOutput()->ReleaseData();
     planeData->ReleaseData();

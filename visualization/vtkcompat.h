@@ -103,6 +103,13 @@ inline void endOnlyCell(vtkCellArray* cells, int count)
 inline vtkIdType onlyCellCapacity(vtkCellArray* cells) { return cells->GetData()->GetSize() - 1; }
 #endif
 
+/** Whether a mapper's buffers are built in steps that can be replaced, as SteadyMapper does. */
+#if VTK_MAJOR_VERSION >= 9
+#define OVL_MAPPERS_BUILD_BUFFERS 1
+#else
+#define OVL_MAPPERS_BUILD_BUFFERS 0 // never tried there; drop with 8.x
+#endif
+
 /** The host's widget as what it must really be. Not checked: any other widget gives null. */
 inline HostWidget* hostWidget(QOpenGLWidget* widget)
 {
