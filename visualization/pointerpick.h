@@ -63,15 +63,15 @@ private:
 
 /**
  * Lets a style hear no event from now on. A slot of the coordinates' signals may do that by
- * destroying the view: then the interactor, and with it the style, lives until that event is over,
- * whatever the host puts on its widget meanwhile.
+ * destroying the view: then the interactor and the style live until that event is over, whatever
+ * the host puts on its widget meanwhile (a chart gives the old interactor another style).
  */
 template <class Style> void retireStyle(Style* style)
 {
     vtkSmartPointer<vtkRenderWindowInteractor> interactor = style->GetInteractor();
     style->SetInteractor(nullptr);
     if (interactor && style->isPublishing())
-        releaseAfterEvent(std::move(interactor));
+        releaseAfterEvent(std::pair(std::move(interactor), vtkSmartPointer<Style>(style)));
 }
 
 /**
