@@ -80,7 +80,9 @@ void Page::setSource(const QString& text)
 void Page::setActive(bool active)
 {
     strip->setProperty("active", active);
-    for (QWidget* each : strip->findChildren<QWidget*>() << strip) {
+    QList<QWidget*> widgets = strip->findChildren<QWidget*>();
+    widgets.append(strip);
+    for (QWidget* each : qAsConst(widgets)) {
         each->style()->unpolish(each); // the style sheet looks at the property once only
         each->style()->polish(each);
     }
