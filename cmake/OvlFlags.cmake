@@ -19,6 +19,13 @@ if(NOT OVL_SANITIZER STREQUAL "none")
   target_link_options(ovl_flags INTERFACE -fsanitize=${OVL_SANITIZER})
 endif()
 
+# A hundred test programs against two hundred shared libraries: the usual linker takes most of a build.
+find_program(OVL_FAST_LINKER ld.lld)
+if(OVL_TESTS AND OVL_FAST_LINKER)
+  target_link_options(ovl_flags INTERFACE
+    $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:-fuse-ld=lld>)
+endif()
+
 # ovl_compile_for_library(<target>): objects of which only the marked classes can be seen from outside,
 # and whose messages name a source file without the folders of this machine.
 function(ovl_compile_for_library target)
