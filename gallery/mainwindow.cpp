@@ -154,6 +154,9 @@ void MainWindow::addStatusLine()
     fileLabel->setObjectName(QStringLiteral("file"));
     rates = new QLabel;
     rates->setObjectName(QStringLiteral("rates"));
+    // Not by the style sheet, whose padding the status bar leaves out of its reckoning.
+    for (QLabel* label : {fileLabel, rates})
+        label->setContentsMargins(12, 4, 16, 4);
     rates->setToolTip(tr("Frames really painted in a second, view by view"));
     statusBar()->setSizeGripEnabled(false);
     statusBar()->addWidget(coordinates, 1);

@@ -24,6 +24,37 @@ QLabel* makeLabel(const QString& text, const char* role)
     return label;
 }
 
+/** A line of text that ends in dots where it is longer than the widget is wide. */
+class ElidedLabel : public QLabel {
+public:
+    explicit ElidedLabel(const QString& text)
+        : whole(text)
+    {
+        setTextFormat(Qt::PlainText);
+        setToolTip(text);
+        setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        setText(text);
+    }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override
+    {
+        constexpr int margins = 24; // as in the style sheet
+        QLabel::resizeEvent(event);
+        setText(fontMetrics().elidedText(whole, Qt::ElideRight, width() - margins));
+    }
+
+private:
+    QString whole;
+};
+
+QLabel* makeHint(const QString& text)
+{
+    auto* label = new ElidedLabel(text);
+    label->setProperty("role", QStringLiteral("hint"));
+    return label;
+}
+
 } // namespace
 
 Page::Page(Scanner& scanner, const QString& title, const QString& hint, QWidget* parent)
@@ -48,7 +79,7 @@ Page::Page(Scanner& scanner, const QString& title, const QString& hint, QWidget*
     frame->setContentsMargins(0, 0, 0, 0);
     frame->setSpacing(0);
     frame->addWidget(strip);
-    frame->addWidget(makeLabel(hint, "hint"));
+    frame->addWidget(makeHint(hint));
     life.start();
     connect(&scanner, &Scanner::moved, this, &Page::noteScannerMoved);
     connect(&scanner, &Scanner::runningChanged, this, [this](bool running) {

@@ -69,7 +69,7 @@ QPushButton:focus { border-color: #2f9bd8; }
 QStatusBar { border-top: 1px solid #0b0d10; color: #8b95a3; }
 QStatusBar::item { border: none; }
 QLabel#coordinates { color: #d8dde4; padding: 4px 12px; }
-QLabel#rates, QLabel#file { color: #8b95a3; padding: 4px 12px; }
+QLabel#rates, QLabel#file { color: #8b95a3; }
 QFrame#notice { background: #5a2326; border-bottom: 1px solid #0b0d10; }
 QFrame#notice QLabel { color: #ffe3e3; padding: 6px; }
 QFrame#notice QToolButton { color: #ffe3e3; border: none; padding: 4px 10px; }

@@ -72,7 +72,7 @@ TEST_F(Files, TurnToAPageOfTheirKindWhenOneIsShownAlone)
 
 TEST_F(Files, NextAndPreviousWalkThroughThem)
 {
-    ASSERT_TRUE(open({writeImage(), write("b.pgm", "P5\n1 1\n255\na")}));
+    ASSERT_TRUE(open({writeImage(), write("b.pgm", "P5\n2 1\n255\nab")}));
     EXPECT_TRUE(page("image").source().startsWith("b.pgm"));
     QAction* next = nullptr;
     for (QAction* action : window.findChildren<QAction*>())
