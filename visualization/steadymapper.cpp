@@ -301,10 +301,7 @@ void SteadyMapper::BuildIBO(vtkRenderer* renderer, vtkActor* actor, vtkPolyData*
 
 vtkStandardNewMacro(SteadyDataSetMapper);
 
-SteadyDataSetMapper::SteadyDataSetMapper()
-{
-    PolyDataMapper = SteadyMapper::New();
-}
+SteadyDataSetMapper::SteadyDataSetMapper() { PolyDataMapper = SteadyMapper::New(); }
 
 SteadyMapper* SteadyDataSetMapper::inner() const
 {

@@ -223,7 +223,8 @@ TEST_F(ProfileViewShapes, AnEmptyTitleWillDo)
 // one name for one.
 TEST_F(ProfileViewShapes, ANullWithinATitleEndsTheNamesOfTheColumns)
 {
-    for (const QString& title : {QString("A") + QChar(QChar::Null) + "B", QString(QChar(QChar::Null))})
+    for (const QString& title :
+        {QString("A") + QChar(QChar::Null) + "B", QString(QChar(QChar::Null))})
         f.view->addShape(makeShape(title, 0, 3.0));
     f.view->drawShapes();
     ASSERT_EQ(linePlots().size(), 2U);
