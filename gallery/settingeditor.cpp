@@ -139,7 +139,7 @@ SettingEditor makeBare(const Setting& setting)
 
 SettingEditor makeSettingEditor(const Setting& setting)
 {
-    const SettingEditor editor = makeBare(setting);
+    SettingEditor editor = makeBare(setting);
     editor.widget->setObjectName(setting.name);
     editor.widget->setToolTip(setting.tip);
     return editor;

@@ -148,6 +148,7 @@ private:
     static std::vector<Setting> perAxis(const char* name, const PerAxis& values, Apply apply)
     {
         std::vector<Setting> result;
+        result.reserve(3);
         for (int axis = 0; axis < 3; ++axis)
             result.push_back(real(QLatin1Char("xyz"[axis]) + QString::fromLatin1(name),
                 values[static_cast<std::size_t>(axis)], [apply, axis](const QVariant& value) {

@@ -65,7 +65,7 @@ template <class Sample> std::vector<Sample> shiftedValues(int shift)
     const int first = kernels::shifted(std::numeric_limits<Sample>::lowest(), shift);
     const int last = kernels::shifted(std::numeric_limits<Sample>::max(), shift);
     std::vector<Sample> values;
-    values.reserve(static_cast<std::size_t>(last - first + 1));
+    values.reserve(static_cast<std::size_t>(last - first) + 1);
     for (int value = first; value <= last; ++value)
         values.push_back(static_cast<Sample>(value));
     return values;
