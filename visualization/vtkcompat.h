@@ -164,7 +164,7 @@ template <class T> void handOver(vtkSmartPointer<T>& from, vtkSmartPointer<T>& t
 {
     using Pointer = vtkSmartPointer<T>;
     const Pointer old(std::move(to));
-    to.~Pointer(); // there is no assignment that moves
+    to.~Pointer(); // NOLINT(bugprone-use-after-move): there is no assignment that moves
     new (&to) Pointer(std::move(from));
     from = nullptr; // for 8.1, which only copies
 }
