@@ -53,10 +53,10 @@ struct Piece {
 
 /** Pixels that lie without a gap in both images: rows side by side, mostly. */
 template <class In, class Out> struct Run {
-    const In* in = nullptr;
-    const In* inEnd = nullptr;
-    Out* out = nullptr;
-    Out* outEnd = nullptr;
+    const In* in;
+    const In* inEnd;
+    Out* out;
+    Out* outEnd;
 
     bool goesOnWith(const In* nextIn, const Out* nextOut) const
     {
@@ -74,7 +74,7 @@ template <class In, class Out, class InIterator, class CorrectSpan>
 void correctSpans(const Piece& piece, InIterator in, CorrectSpan correctSpan)
 {
     vtkImageProgressIterator<Out> out(piece.output, piece.extent, piece.filter, piece.id);
-    Run<In, Out> run;
+    Run<In, Out> run = {in.BeginSpan(), in.BeginSpan(), out.BeginSpan(), out.BeginSpan()};
     for (; !out.IsAtEnd(); in.NextSpan(), out.NextSpan()) {
         if (!run.goesOnWith(in.BeginSpan(), out.BeginSpan())) {
             correctSpan(run.in, run.inEnd, run.out);
