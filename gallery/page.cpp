@@ -14,10 +14,10 @@
 namespace ovl::gallery {
 namespace {
 
-QLabel* makeLabel(const QString& text, const char* role)
+QLabel* makeSourceLabel()
 {
-    auto* label = new QLabel(text);
-    label->setProperty("role", QString::fromLatin1(role));
+    auto* label = new QLabel;
+    label->setProperty("role", QStringLiteral("source"));
     label->setTextFormat(Qt::PlainText);
     // A long text must not keep the window from becoming narrow.
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
@@ -64,7 +64,7 @@ Page::Page(Scanner& scanner, const QString& title, const QString& hint, QWidget*
     , heading(title)
     , frame(new QVBoxLayout(this))
     , strip(new QWidget)
-    , sourceLabel(makeLabel(QString(), "source"))
+    , sourceLabel(makeSourceLabel())
 {
     strip->setProperty("role", QStringLiteral("strip"));
     strip->setToolTip(tr("Double click: this view alone, or all four"));

@@ -15,8 +15,8 @@ namespace ovl {
  *
  * There is one sender for all views; it exists from the moment the library is loaded. The host
  * connects its slots to instance() once. A signal does not say which view it comes from. Signals
- * are emitted on the GUI thread, from within the handling of a mouse event: a slot must not destroy
- * the view.
+ * are emitted on the GUI thread, from within the handling of a mouse event. A slot may destroy the
+ * view, or put another one in its place: the event ends with the old one.
  */
 class OVL_EXPORT CoordinatesSender : public QObject {
     Q_OBJECT

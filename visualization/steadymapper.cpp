@@ -116,7 +116,6 @@ struct Fit {
     bool needed = false;
 };
 
-/** Opens what the mapper needs of the framework's buffers. */
 using VertexBuffer = vtkOpenGLVertexBufferObject;
 
 #endif
