@@ -136,17 +136,8 @@ void shiftColumn(vtkPlot* plot, int coordinate, double by)
         column->SetTuple1(i, column->GetTuple1(i) + by);
 }
 
-bool hasSelection(vtkPlot* plot)
-{
-    vtkIdTypeArray* selection = plot->GetSelection();
-    return selection && selection->GetNumberOfTuples() > 0;
-}
-
 /** What the drags of points and columns leave out. */
-bool isDraggedByPoints(const RosterPlot& entry)
-{
-    return hasSelection(entry.plot) && !entry.plot->IsA("vtkPlotBar");
-}
+bool isBar(const RosterPlot& entry) { return entry.plot->IsA("vtkPlotBar"); }
 
 void markSelectionModified(vtkPlot* plot)
 {
@@ -367,17 +358,15 @@ void ChartXY::MovePolygon(const vtkContextMouseEvent& mouse)
 void ChartXY::DragHandles(const vtkContextMouseEvent& mouse)
 {
     const vtkVector2d delta = ChartPrivate->motion(0, mouse);
-    for (const RosterCorner& corner : ChartPrivate->roster.corners()) {
-        for (const RosterPlot& entry : corner.plots) {
-            if (!isDraggedByPoints(entry))
-                continue;
-            if (DragPointAlongX && entry.part->canDragX)
-                DragHandle(entry, kX, delta.GetX());
-            if (DragPointAlongY && entry.part->canDragY)
-                DragHandle(entry, kY, delta.GetY());
-            markSelectionModified(entry.plot);
-            MarkSceneDirty();
-        }
+    for (const RosterPlot* entry : ChartPrivate->roster.selected()) {
+        if (isBar(*entry))
+            continue;
+        if (DragPointAlongX && entry->part->canDragX)
+            DragHandle(*entry, kX, delta.GetX());
+        if (DragPointAlongY && entry->part->canDragY)
+            DragHandle(*entry, kY, delta.GetY());
+        markSelectionModified(entry->plot);
+        MarkSceneDirty();
     }
 }
 
@@ -478,17 +467,15 @@ void ChartXY::DragColumns(const vtkContextMouseEvent& mouse)
     const Range y = rangeOf(ChartPrivate->axes[vtkAxis::LEFT]);
     const double dx = Scene ? double {offset.GetX()} / Scene->GetSceneWidth() * x.length() : 0.0;
     const double dy = Scene ? double {offset.GetY()} / Scene->GetSceneHeight() * y.length() : 0.0;
-    for (const RosterCorner& corner : ChartPrivate->roster.corners()) {
-        for (const RosterPlot& entry : corner.plots) {
-            if (!isDraggedByPoints(entry))
-                continue;
-            if (DragPointAlongX && entry.part->canDragX)
-                shiftColumn(entry.plot, kX, dx);
-            if (DragPointAlongY && entry.part->canDragY)
-                shiftColumn(entry.plot, kY, dy);
-            markSelectionModified(entry.plot);
-            MarkSceneDirty();
-        }
+    for (const RosterPlot* entry : ChartPrivate->roster.selected()) {
+        if (isBar(*entry))
+            continue;
+        if (DragPointAlongX && entry->part->canDragX)
+            shiftColumn(entry->plot, kX, dx);
+        if (DragPointAlongY && entry->part->canDragY)
+            shiftColumn(entry->plot, kY, dy);
+        markSelectionModified(entry->plot);
+        MarkSceneDirty();
     }
 }
 
@@ -636,6 +623,11 @@ void ChartXY::PushRangesToShapes(const Range& xRange, const Range& yRange)
 void ChartXY::ClearPlotSelections()
 {
     for (vtkPlot* plot : ChartPrivate->plots) {
+        vtkIdTypeArray* present = plot->GetSelection();
+        if (present && present->GetNumberOfTuples() == 0 && present->GetReferenceCount() == 1) {
+            plot->Modified(); // as if it had got another one
+            continue;
+        }
         const vtkNew<vtkIdTypeArray> none; // of its own: a selection may be shared
         plot->SetSelection(none);
     }

@@ -41,8 +41,37 @@ struct Outlines::Reach {
 };
 
 struct Outlines::Register {
-    std::vector<Band> bands {Band {kInfinity, -kInfinity}};
-    std::vector<Reach> reaches {Reach()};
+    void setBand(OutlineNumber number, double bottom, double top)
+    {
+        bands[number / Bands::kCount].set(number % Bands::kCount, bottom, top);
+    }
+    void setBandEverywhere(OutlineNumber number) { setBand(number, -kInfinity, kInfinity); }
+    void setBandNowhere(OutlineNumber number) { setBand(number, kInfinity, -kInfinity); }
+
+    double bottom(OutlineNumber number) const
+    {
+        return bands[number / Bands::kCount].lower(number % Bands::kCount);
+    }
+    double top(OutlineNumber number) const
+    {
+        return bands[number / Bands::kCount].upper(number % Bands::kCount);
+    }
+
+    /** A number that nobody has had yet. */
+    OutlineNumber addNumber()
+    {
+        const auto number = static_cast<OutlineNumber>(reaches.size());
+        reaches.emplace_back();
+        if (number % Bands::kCount == 0) {
+            bands.emplace_back();
+            for (OutlineNumber lane = 0; lane < Bands::kCount; ++lane)
+                setBandNowhere(number + lane);
+        }
+        return number;
+    }
+
+    std::vector<Bands> bands;
+    std::vector<Reach> reaches;
     std::vector<OutlineNumber> unused;
     std::uint64_t changes = 0;
     std::uint64_t moves = 0;
@@ -71,8 +100,8 @@ struct Outlines::Survey {
     {
         if (!isOrdinary(end))
             isTrusted = false;
-        band.bottom = std::min(band.bottom, end.y);
-        band.top = std::max(band.top, end.y);
+        bottom = std::min(bottom, end.y);
+        top = std::max(top, end.y);
         left = std::min(left, end.x);
         right = std::max(right, end.x);
     }
@@ -102,7 +131,8 @@ struct Outlines::Survey {
                                   : std::vector<double>();
     }
 
-    Band band {kInfinity, -kInfinity};
+    double bottom = kInfinity;
+    double top = -kInfinity;
     double left = kInfinity;
     double right = -kInfinity;
     std::vector<double> heights;
@@ -113,11 +143,15 @@ struct Outlines::Survey {
 /** Never destroyed: a shape that outlives all else, as one in static storage may, still comes. */
 Outlines::Register& Outlines::all()
 {
-    static auto* const theOnly = new Register;
+    static Register* const theOnly = [] {
+        auto* made = new Register;
+        made->addNumber(); // 0, which means none
+        return made;
+    }();
     return *theOnly;
 }
 
-const Outlines::Band* Outlines::bands() { return all().bands.data(); }
+const Outlines::Bands* Outlines::bands() { return all().bands.data(); }
 
 std::uint64_t Outlines::changes() { return all().changes; }
 
@@ -137,21 +171,19 @@ OutlineNumber Outlines::watch(const Shape& shape)
         return number;
     Register& known = all();
     if (known.unused.empty()) {
-        known.unused.push_back(static_cast<OutlineNumber>(known.bands.size()));
-        known.bands.push_back({});
-        known.reaches.emplace_back();
-        known.unused.reserve(known.bands.capacity()); // giving a number back must not fail
+        known.unused.push_back(known.addNumber());
+        known.unused.reserve(known.reaches.capacity()); // giving a number back must not fail
     }
     number = known.unused.back();
     known.unused.pop_back();
-    known.bands[number] = {-kInfinity, kInfinity};
+    known.setBandEverywhere(number);
     return number;
 }
 
 void Outlines::release(OutlineNumber number)
 {
     Register& known = all();
-    known.bands[number] = {kInfinity, -kInfinity};
+    known.setBandNowhere(number);
     known.reaches[number] = {};
     known.unused.push_back(number);
     ++known.changes;
@@ -168,7 +200,7 @@ void Outlines::changed(OutlineNumber number)
         return;
     reach.isKnown = false;
     reach.isAnswered = false;
-    known.bands[number] = {-kInfinity, kInfinity};
+    known.setBandEverywhere(number);
     ++known.changes;
 }
 
@@ -187,7 +219,7 @@ void Outlines::measure(const Shape& shape, OutlineNumber number)
     if (!isWhole || !survey.isTrusted)
         return;
     const double slack = std::max((survey.right - survey.left) * kSlack, kLeast);
-    all().bands[number] = survey.band;
+    all().setBand(number, survey.bottom, survey.top);
     reach.left = survey.left - slack;
     if (survey.isClosed && survey.pairHeights()) {
         reach.right = survey.right + slack;
@@ -200,13 +232,15 @@ bool Outlines::mayContain(const Shape& shape, Position place)
     const OutlineNumber number = watch(shape);
     if (number == 0)
         return true;
-    const Reach& reach = all().reaches[number];
+    const Register& known = all();
+    const Reach& reach = known.reaches[number];
     if (!reach.isKnown)
         measure(shape, number);
-    const Band& band = all().bands[number];
-    if (!(band.bottom <= place.y && place.y <= band.top && reach.left <= place.x))
+    const double bottom = known.bottom(number);
+    const double top = known.top(number);
+    if (!(bottom <= place.y && place.y <= top && reach.left <= place.x))
         return false;
-    return place.x <= reach.right || place.y == band.bottom || place.y == band.top
+    return place.x <= reach.right || place.y == bottom || place.y == top
         || std::binary_search(reach.heights.begin(), reach.heights.end(), place.y);
 }
 

@@ -3,8 +3,11 @@
 #ifndef OVL_VISUALIZATION_OUTLINES_H
 #define OVL_VISUALIZATION_OUTLINES_H
 
+#include "intervallanes.h"
 #include "segment.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 
 namespace ovl {
@@ -60,18 +63,15 @@ public:
     static void noteMove();
 
 private:
-    /** Between which heights a point can be inside, both included. */
-    struct Band {
-        double bottom;
-        double top;
-    };
+    /** Between which heights a point can be inside, for so many outlines. */
+    using Bands = IntervalLanes<double>;
 
     struct Reach;
     struct Survey;
     struct Register;
 
     static Register& all();
-    static const Band* bands();
+    static const Bands* bands();
     static void measure(const Shape& shape, OutlineNumber number);
 };
 
@@ -140,10 +140,18 @@ private:
 template <class Visit>
 void Outlines::sweep(OutlineNumber first, OutlineNumber last, Position place, Visit visit)
 {
-    const Band* band = bands();
-    for (OutlineNumber number = first; number <= last; ++number)
-        if (band[number].bottom <= place.y && place.y <= band[number].top)
-            visit(number);
+    if (last < first)
+        return;
+    const Bands* known = bands();
+    for (std::size_t block = first / Bands::kCount; block <= last / Bands::kCount; ++block) {
+        if (!known[block].anyMeets(place.y, place.y))
+            continue;
+        const std::size_t begin = block * Bands::kCount;
+        const std::size_t end = std::min<std::size_t>(begin + Bands::kCount - 1, last);
+        for (std::size_t number = std::max<std::size_t>(begin, first); number <= end; ++number)
+            if (known[block].meets(number - begin, place.y, place.y))
+                visit(static_cast<OutlineNumber>(number));
+    }
 }
 
 } // namespace ovl

@@ -6,6 +6,7 @@
 
 #include <vtkContextMouseEvent.h>
 #include <vtkContextTransform.h>
+#include <vtkIdTypeArray.h>
 #include <vtkMatrix3x3.h>
 #include <vtkPlot.h>
 #include <vtkTransform2D.h>
@@ -26,32 +27,48 @@ float plotUnits(vtkTransform2D* transform, int axis)
         std::fabs(kHitPixels / transform->GetMatrix()->GetElement(axis, axis)));
 }
 
-PointBounds measure(vtkPlotPoints* plot)
+constexpr float kInfinity = std::numeric_limits<float>::infinity();
+constexpr std::size_t kLanes = PointBounds::kCount;
+
+void measure(vtkPlotPoints* plot, PointBounds& bounds, std::size_t lane)
 {
-    constexpr float none = std::numeric_limits<float>::infinity();
-    PointBounds bounds {none, -none, none, -none};
+    float left = kInfinity, right = -kInfinity, bottom = kInfinity, top = -kInfinity;
     vtkPoints2D* points = compat::PlotPointsAccess::points(plot);
     const vtkIdType count = points ? points->GetNumberOfPoints() : 0;
     const auto* place = count > 0 ? static_cast<float*>(points->GetVoidPointer(0)) : nullptr;
     for (vtkIdType i = 0; i < count; ++i, place += 2) {
         // A NaN loses every comparison: it does not count, as it cannot be hit.
-        bounds.left = std::min(bounds.left, place[0]);
-        bounds.right = std::max(bounds.right, place[0]);
-        bounds.bottom = std::min(bounds.bottom, place[1]);
-        bounds.top = std::max(bounds.top, place[1]);
+        left = std::min(left, place[0]);
+        right = std::max(right, place[0]);
+        bottom = std::min(bottom, place[1]);
+        top = std::max(top, place[1]);
+    }
+    bounds.x.set(lane, left, right);
+    bounds.y.set(lane, bottom, top);
+}
+
+/** Of plots that must be asked wherever the mouse is; what follows the last one is nowhere. */
+std::vector<PointBounds> unmeasured(std::size_t plots)
+{
+    std::vector<PointBounds> bounds((plots + kLanes - 1) / kLanes);
+    for (std::size_t i = 0; i < bounds.size() * kLanes; ++i) {
+        const float reach = i < plots ? kInfinity : -kInfinity;
+        bounds[i / kLanes].x.set(i % kLanes, -reach, reach);
+        bounds[i / kLanes].y.set(i % kLanes, -reach, reach);
     }
     return bounds;
 }
 
-/** Of a plot that must be asked wherever the mouse is. */
-PointBounds everywhere()
-{
-    constexpr float most = std::numeric_limits<float>::infinity();
-    return {-most, most, -most, most};
-}
-
-/** Among so many plots each is looked at again for each event. */
+/** Among so many plots each is looked at again whenever the roster is asked for them. */
 constexpr std::size_t kLooksAtOnce = 256;
+/** Of more plots so many, since an event asks for them some times. */
+constexpr std::size_t kLooksInTurn = 32;
+
+bool hasSelection(vtkPlot* plot)
+{
+    vtkIdTypeArray* selection = plot->GetSelection();
+    return selection && selection->GetNumberOfTuples() > 0;
+}
 
 } // namespace
 
@@ -92,7 +109,7 @@ bool PlotRoster::isCurrent()
         return false;
     if (inspected >= seen.size())
         inspected = 0;
-    const std::size_t end = inspected + kLooksAtOnce;
+    const std::size_t end = inspected + (seen.size() <= kLooksAtOnce ? kLooksAtOnce : kLooksInTurn);
     std::size_t at = 0;
     for (vtkContextTransform* transform : transforms) {
         const auto count = static_cast<std::size_t>(transform->GetNumberOfItems());
@@ -127,7 +144,7 @@ void PlotRoster::look()
         }
         if (corner.plots.empty())
             continue;
-        corner.bounds.assign(corner.plots.size(), everywhere());
+        corner.bounds = unmeasured(corner.plots.size());
         corner.firstSlot = plotCount;
         plotCount += corner.plots.size();
         known.push_back(std::move(corner));
@@ -136,7 +153,7 @@ void PlotRoster::look()
     shapesPointedAt = Noted<Shape*>::changes();
     shapesMoved = Outlines::moves();
     areItemsKnown = true;
-    arePointsKnown = areNearShapesKnown = areTargetsKnown = false;
+    arePointsKnown = areNearShapesKnown = areTargetsKnown = areSelectedKnown = false;
 }
 
 void PlotRoster::ShapeIndex::clear()
@@ -240,6 +257,23 @@ const std::vector<const RosterPlot*>& PlotRoster::dragTargets()
     return targets;
 }
 
+std::vector<const RosterPlot*> PlotRoster::selected()
+{
+    corners();
+    // Whoever gets hold of a selection may also change it behind its plot's back.
+    const bool isTold = plotCount > kLooksAtOnce && selectedAt == SelectionNotes::changes();
+    if (areSelectedKnown && isTold)
+        return selections;
+    selections.clear();
+    for (const RosterCorner& corner : known)
+        for (const RosterPlot& entry : corner.plots)
+            if (hasSelection(entry.plot))
+                selections.push_back(&entry);
+    selectedAt = SelectionNotes::changes();
+    areSelectedKnown = true;
+    return selections;
+}
+
 PlotRoster::Event::Event(PlotRoster& roster)
     : owner(roster)
 {
@@ -264,7 +298,7 @@ void PlotRoster::measurePoints()
                 continue;
             const vtkMTimeType built = compat::PlotPointsAccess::buildTime(plot.points);
             if (plot.built != built || built == 0)
-                corner.bounds[i] = measure(plot.points);
+                measure(plot.points, corner.bounds[i / kLanes], i % kLanes);
             plot.built = built;
         }
     }
@@ -285,11 +319,14 @@ const std::vector<std::size_t>& PlotRoster::near(RosterCorner& corner, const Poi
     const float bottom = probe.position.GetY() - y;
     const float top = probe.position.GetY() + y;
     corner.near.clear();
-    for (std::size_t i = corner.bounds.size(); i-- > 0;) {
-        const PointBounds& bounds = corner.bounds[i];
-        if (!(bounds.top < bottom || bounds.bottom > top || bounds.right < left
-                || bounds.left > right))
-            corner.near.push_back(i);
+    for (std::size_t block = corner.bounds.size(); block-- > 0;) {
+        const PointBounds& bounds = corner.bounds[block];
+        if (!bounds.y.anyMeets(bottom, top))
+            continue;
+        const std::size_t first = block * kLanes;
+        for (std::size_t lane = std::min(kLanes, corner.plots.size() - first); lane-- > 0;)
+            if (bounds.y.meets(lane, bottom, top) && bounds.x.meets(lane, left, right))
+                corner.near.push_back(first + lane);
     }
     corner.probed = serial;
     corner.probe = probe;

@@ -3,6 +3,7 @@
 #ifndef OVL_VISUALIZATION_PLOTROSTER_H
 #define OVL_VISUALIZATION_PLOTROSTER_H
 
+#include "intervallanes.h"
 #include "outlines.h"
 #include "plot.h"
 
@@ -38,9 +39,12 @@ struct PointProbe {
     vtkVector2f tolerance {0, 0};
 };
 
-/** Where the points of a plot are, in plot space; empty while `left` is greater than `right`. */
+/** Where the points of so many plots are, in plot space. */
 struct PointBounds {
-    float left = 1, right = 0, bottom = 1, top = 0;
+    static constexpr std::size_t kCount = IntervalLanes<float>::kCount;
+
+    IntervalLanes<float> x;
+    IntervalLanes<float> y;
 };
 
 /** A plot's answer to a probe; `row` is -1 when none of its points is near. */
@@ -66,7 +70,7 @@ struct RosterPlot {
 struct RosterCorner {
     vtkContextTransform* transform;
     std::vector<RosterPlot> plots;
-    std::vector<PointBounds> bounds {}; ///< of each plot, side by side to be gone through
+    std::vector<PointBounds> bounds {}; ///< of the plots in turn, to be gone through
     std::size_t firstSlot = 0; ///< the number of its first plot among all plots of the roster
     /** The plots that the probe may hit, the topmost first; as it was for the event's number. */
     std::vector<std::size_t> near {};
@@ -86,8 +90,8 @@ inline void clearDragTargets(const RosterCorner& corner)
  * the Plot part of each plot again.
  *
  * Whoever changes the items tells the roster. It also looks by itself whether they are as it knows
- * them, at each event: at all of them in a chart of some hundred plots, where that takes no time;
- * among thousands only at their number and at some hundreds of them in turn.
+ * them, whenever it is asked: at all of them in a chart of some hundred plots, where that takes no
+ * time; among thousands only at their number and at some of them in turn.
  *
  * An event that asks more than one question about the same place asks each plot once: within an
  * Event, the plots' answers are kept. Plots whose points are all too far away are not asked at all;
@@ -164,6 +168,9 @@ public:
     /** The plots that are drag targets, in their order. */
     const std::vector<const RosterPlot*>& dragTargets();
 
+    /** The plots that have selected rows, in their order. */
+    std::vector<const RosterPlot*> selected();
+
 private:
     /** The shapes with a number, by the plots that draw them. */
     struct ShapeIndex {
@@ -222,6 +229,9 @@ private:
     std::vector<const RosterPlot*> targets;
     std::uint64_t targetsAt = 0;
     bool areTargetsKnown = false;
+    std::vector<const RosterPlot*> selections;
+    std::uint64_t selectedAt = 0;
+    bool areSelectedKnown = false;
     int events = 0; ///< under way; one may raise another
     std::uint64_t serial = 1; ///< answers with another number are out of date
 };

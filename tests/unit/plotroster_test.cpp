@@ -7,8 +7,10 @@
 #include <vtkContextMouseEvent.h>
 #include <vtkContextTransform.h>
 #include <vtkDoubleArray.h>
+#include <vtkIdTypeArray.h>
 #include <vtkNew.h>
 #include <vtkPlotLine.h>
+#include <vtkSmartPointer.h>
 #include <vtkTable.h>
 #include <vtkTransform2D.h>
 
@@ -229,6 +231,84 @@ TEST_F(PlotRosterTest, AsksAPlotOnceInAnEvent)
     EXPECT_EQ(topmost()->plot, upper.Get());
     setPoint(upper, 30, 40);
     EXPECT_EQ(topmost()->plot, lower.Get()) << "outside of events nothing is kept";
+}
+
+TEST_F(PlotRosterTest, FindsPointsAmongMorePlotsThanLieInOneBlock)
+{
+    std::vector<vtkSmartPointer<PlotLine>> many;
+    for (int i = 0; i < 50; ++i) {
+        many.push_back(vtkSmartPointer<PlotLine>::New());
+        setPoint(many.back(), 1000.0 * i, 4);
+        filled->AddItem(many.back());
+    }
+    const auto all = [](const RosterPlot&) { return true; };
+    for (int i = 0; i < 50; ++i) {
+        const PointProbe probe(filled, at(static_cast<float>(2000 * i + 100), 90));
+        const RosterPlot* found = roster.topmost(roster.corners().front(), probe, all);
+        ASSERT_NE(found, nullptr) << i;
+        EXPECT_EQ(found->plot, many[static_cast<std::size_t>(i)].Get()) << i;
+    }
+}
+
+/** The plots that the roster finds to have selected rows. */
+std::vector<const vtkPlot*> selectedOf(PlotRoster& roster)
+{
+    std::vector<const vtkPlot*> plots;
+    for (const RosterPlot* entry : roster.selected())
+        plots.push_back(entry->plot);
+    return plots;
+}
+
+void selectRow(vtkPlot* plot, vtkIdType row)
+{
+    const vtkNew<vtkIdTypeArray> rows;
+    rows->InsertNextValue(row);
+    plot->SetSelection(rows);
+}
+
+/** Both as in a small chart, whose plots are all asked, and among many, where changes are told. */
+class PlotRosterSelection : public PlotRosterTest, public testing::WithParamInterface<int> {
+protected:
+    PlotRosterSelection()
+    {
+        for (int i = 0; i < GetParam(); ++i) {
+            others.push_back(vtkSmartPointer<PlotLine>::New());
+            filled->AddItem(others.back());
+        }
+    }
+
+    std::vector<vtkSmartPointer<PlotLine>> others;
+};
+
+TEST_P(PlotRosterSelection, ListsThePlotsThatHaveSelectedRows)
+{
+    using Plots = std::vector<const vtkPlot*>;
+    EXPECT_EQ(selectedOf(roster), Plots());
+    selectRow(upper, 1);
+    EXPECT_EQ(selectedOf(roster), (Plots {upper}));
+    EXPECT_EQ(selectedOf(roster), (Plots {upper})) << "and once more";
+    selectRow(lower, 0);
+    EXPECT_EQ(selectedOf(roster), (Plots {lower, upper})) << "in their order";
+    const vtkNew<vtkIdTypeArray> none;
+    lower->SetSelection(none);
+    EXPECT_EQ(selectedOf(roster), (Plots {upper})) << "an empty selection is none";
+    upper->SetSelection(nullptr);
+    EXPECT_EQ(selectedOf(roster), Plots());
+    lower->SelectPoints(vtkVector2f(0, 0), vtkVector2f(10, 10));
+    EXPECT_EQ(selectedOf(roster), (Plots {lower}));
+    filled->RemoveItem(lower);
+    EXPECT_EQ(selectedOf(roster), Plots());
+}
+
+INSTANTIATE_TEST_SUITE_P(AmongFewAndMany, PlotRosterSelection, testing::Values(1, 1000));
+
+TEST_F(PlotRosterTest, NoticesASelectionThatChangesBehindItsPlotsBack)
+{
+    const vtkNew<vtkIdTypeArray> rows;
+    upper->SetSelection(rows);
+    ASSERT_TRUE(selectedOf(roster).empty());
+    rows->InsertNextValue(0);
+    EXPECT_EQ(selectedOf(roster), (std::vector<const vtkPlot*> {upper}));
 }
 
 } // namespace
