@@ -38,7 +38,7 @@ public:
     struct PointTable {
         void setRows(int count);
         void setRow(int row, const Point& point);
-        /** SetInputData() of the plot with the two columns, by the mapper kept if there is one. */
+        /** Gives the plot the two columns, by the mapper kept if there is one. */
         void feed(vtkPlot* newPlot);
         /** Takes the mapper out of the plot that is about to go. */
         void keepMapper();
