@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "plotroster.h"
 
+#include "plotline.h"
+#include "plotpoints.h"
 #include "point.h"
 #include "vtkcompat.h"
 
@@ -9,11 +11,14 @@
 #include <vtkIdTypeArray.h>
 #include <vtkMatrix3x3.h>
 #include <vtkPlot.h>
+#include <vtkPlotPoints.h>
+#include <vtkPoints2D.h>
 #include <vtkTransform2D.h>
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <typeinfo>
 #include <utility>
 
 namespace ovl {
@@ -30,21 +35,71 @@ float plotUnits(vtkTransform2D* transform, int axis)
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
 constexpr std::size_t kLanes = PointBounds::kCount;
 
-void measure(vtkPlotPoints* plot, PointBounds& bounds, std::size_t lane)
+/** The points of a plot as it has built them, in plot space. */
+struct BuiltPoints {
+    struct Place {
+        float x, y;
+    };
+
+    explicit BuiltPoints(vtkPlotPoints* plot)
+    {
+        vtkPoints2D* points = compat::PlotPointsAccess::points(plot);
+        const vtkIdType count = points ? points->GetNumberOfPoints() : 0;
+        first = count > 0 ? static_cast<const Place*>(points->GetVoidPointer(0)) : nullptr;
+        last = first + count;
+    }
+
+    const Place* begin() const { return first; }
+    const Place* end() const { return last; }
+
+    const Place* first;
+    const Place* last;
+};
+
+/** Whether it is the framework's own for points and lines; derived classes may have another. */
+bool hasFrameworksSearch(vtkPlot* plot)
+{
+    return typeid(*plot) == typeid(PlotLine) || typeid(*plot) == typeid(PlotPoints);
+}
+
+void measure(RosterPlot& plot, PointBounds& bounds, std::size_t lane)
 {
     float left = kInfinity, right = -kInfinity, bottom = kInfinity, top = -kInfinity;
-    vtkPoints2D* points = compat::PlotPointsAccess::points(plot);
-    const vtkIdType count = points ? points->GetNumberOfPoints() : 0;
-    const auto* place = count > 0 ? static_cast<float*>(points->GetVoidPointer(0)) : nullptr;
-    for (vtkIdType i = 0; i < count; ++i, place += 2) {
+    float previous = -kInfinity;
+    bool isAscending = true;
+    for (const BuiltPoints::Place& place : BuiltPoints(plot.points)) {
         // A NaN loses every comparison: it does not count, as it cannot be hit.
-        left = std::min(left, place[0]);
-        right = std::max(right, place[0]);
-        bottom = std::min(bottom, place[1]);
-        top = std::max(top, place[1]);
+        left = std::min(left, place.x);
+        right = std::max(right, place.x);
+        bottom = std::min(bottom, place.y);
+        top = std::max(top, place.y);
+        isAscending = isAscending && place.x > previous;
+        previous = place.x;
     }
+    plot.isAscending = isAscending && hasFrameworksSearch(plot.plot);
     bounds.x.set(lane, left, right);
     bounds.y.set(lane, bottom, top);
+}
+
+/**
+ * What the framework's search answers: the leftmost point in the open rectangle around the probe.
+ * It makes a sorted copy of the points for it; where they are in order already, that takes time and
+ * memory for nothing.
+ */
+NearestPoint searchAscending(vtkPlotPoints* plot, const PointProbe& probe)
+{
+    const float x = probe.position.GetX(), xReach = probe.tolerance.GetX();
+    const float y = probe.position.GetY(), yReach = probe.tolerance.GetY();
+    const BuiltPoints points(plot);
+    const auto isLeft = [](const BuiltPoints::Place& place, float at) { return place.x < at; };
+    for (const auto* place = std::lower_bound(points.begin(), points.end(), x - xReach, isLeft);
+         place != points.end() && !(place->x > x + xReach); ++place) {
+        const bool isInside = place->x > x - xReach && place->x < x + xReach
+            && place->y > y - yReach && place->y < y + yReach;
+        if (isInside)
+            return {place - points.begin(), -1, vtkVector2f(place->x, place->y)};
+    }
+    return {};
 }
 
 /** Of plots that must be asked wherever the mouse is; what follows the last one is nowhere. */
@@ -298,7 +353,7 @@ void PlotRoster::measurePoints()
                 continue;
             const vtkMTimeType built = compat::PlotPointsAccess::buildTime(plot.points);
             if (plot.built != built || built == 0)
-                measure(plot.points, corner.bounds[i / kLanes], i % kLanes);
+                measure(plot, corner.bounds[i / kLanes], i % kLanes);
             plot.built = built;
         }
     }
@@ -336,12 +391,22 @@ const std::vector<std::size_t>& PlotRoster::near(RosterCorner& corner, const Poi
 const NearestPoint& PlotRoster::nearestPoint(RosterPlot& plot, const PointProbe& probe)
 {
     if (events == 0 || plot.asked != serial) {
-        plot.nearest = {};
-        plot.nearest.row = compat::nearestPoint(plot.plot, probe.position, probe.tolerance,
-            plot.nearest.position, plot.nearest.segment);
+        plot.nearest = ask(plot, probe);
         plot.asked = serial;
     }
     return plot.nearest;
+}
+
+NearestPoint PlotRoster::ask(const RosterPlot& plot, const PointProbe& probe)
+{
+    const bool isMeasured
+        = plot.points && plot.built == compat::PlotPointsAccess::buildTime(plot.points);
+    if (plot.isAscending && isMeasured)
+        return searchAscending(plot.points, probe);
+    NearestPoint nearest;
+    nearest.row = compat::nearestPoint(
+        plot.plot, probe.position, probe.tolerance, nearest.position, nearest.segment);
+    return nearest;
 }
 
 } // namespace ovl

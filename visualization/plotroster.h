@@ -61,6 +61,7 @@ struct RosterPlot {
     /** The same plot when it is of a kind whose points can be looked at, else null. */
     vtkPlotPoints* points;
     vtkMTimeType built = 0; ///< the state of the points that was measured; 0 for none
+    bool isAscending = false; ///< each point lies to the right of the one before, and none is NaN
     /** The answer that was given in the event of this number. */
     std::uint64_t asked = 0;
     NearestPoint nearest {};
@@ -207,6 +208,7 @@ private:
     bool isCurrent();
     void look();
     const NearestPoint& nearestPoint(RosterPlot& plot, const PointProbe& probe);
+    static NearestPoint ask(const RosterPlot& plot, const PointProbe& probe);
 
     const std::vector<vtkContextTransform*>& transforms;
     std::vector<RosterCorner> known;

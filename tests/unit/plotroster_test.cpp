@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include <visualization/plotline.h>
+#include <visualization/plotpoints.h>
 #include <visualization/plotroster.h>
 #include <visualization/vtkcompat.h>
 
@@ -16,6 +17,7 @@
 
 #include <cmath>
 #include <gtest/gtest.h>
+#include <random>
 #include <utility>
 #include <vector>
 
@@ -37,16 +39,20 @@ protected:
         filled->GetTransform()->Scale(2, 10);
     }
 
-    void setPoint(PlotLine* plot, double x, double y)
+    void setPoint(PlotLine* plot, double x, double y) { setPoints(plot, {{x, y}, {x, y}}); }
+
+    void setPoints(vtkPlot* plot, const std::vector<std::pair<double, double>>& points)
     {
         const vtkNew<vtkTable> table;
-        for (const auto& [name, value] : {std::pair("x", x), std::pair("y", y)}) {
-            const vtkNew<vtkDoubleArray> column;
-            column->SetName(name);
-            for (int i = 0; i < 2; ++i)
-                column->InsertNextValue(value);
-            table->AddColumn(column);
+        const vtkNew<vtkDoubleArray> columns[2];
+        for (const auto& [x, y] : points) {
+            columns[0]->InsertNextValue(x);
+            columns[1]->InsertNextValue(y);
         }
+        columns[0]->SetName("x");
+        columns[1]->SetName("y");
+        for (vtkDoubleArray* column : {columns[0].Get(), columns[1].Get()})
+            table->AddColumn(column);
         plot->SetXAxis(axis);
         plot->SetYAxis(axis);
         plot->SetInputData(table, 0, 1);
@@ -208,6 +214,45 @@ TEST_F(PlotRosterTest, RejectsNoPlotThatWouldAnswer)
             ASSERT_EQ(plot != nullptr, row >= 0) << x;
         }
     }
+}
+
+/** Ascending points are searched by the roster itself, all others by the plot. */
+TEST_F(PlotRosterTest, AnswersAsThePlotWhateverTheOrderOfItsPoints)
+{
+    std::mt19937 random(1);
+    const auto below = [&random](int end) { return static_cast<int>(random() % unsigned(end)); };
+    const vtkNew<PlotPoints> plot;
+    filled->AddItem(plot);
+    filled->GetTransform()->Identity();
+    int found = 0;
+    for (int round = 0; round < 300; ++round) {
+        std::vector<std::pair<double, double>> points;
+        for (int i = 0, x = 0; i < 40; ++i, x += 1 + below(3))
+            points.emplace_back(x, below(30));
+        if (round % 3 == 1) // two of one abscissa
+            points[20].first = points[19].first;
+        if (round % 3 == 2)
+            points[static_cast<std::size_t>(below(40))].first = round % 2 ? std::nan("") : 11.5;
+        setPoints(plot, points);
+        for (int i = 0; i < 40; ++i) {
+            // Five pixels aside lies the edge of what is hit: many a point comes to lie on it.
+            const PointProbe probe(
+                filled, at(static_cast<float>(below(90) - 5), static_cast<float>(below(40) - 5)));
+            vtkVector2f position;
+            vtkIdType segment = -1;
+            const vtkIdType row
+                = compat::nearestPoint(plot, probe.position, probe.tolerance, position, segment);
+            const RosterPlot* answer = roster.topmost(roster.corners().front(), probe,
+                [&plot](const RosterPlot& entry) { return entry.plot == plot.Get(); });
+            ASSERT_EQ(answer ? answer->nearest.row : -1, row) << round;
+            if (!answer)
+                continue;
+            ++found;
+            EXPECT_EQ(answer->nearest.position, position);
+            EXPECT_EQ(answer->nearest.segment, segment);
+        }
+    }
+    EXPECT_GT(found, 3000);
 }
 
 TEST_F(PlotRosterTest, AsksAPlotOnceInAnEvent)
