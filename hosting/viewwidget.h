@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <type_traits>
 #include <utility>
 
 #if defined(_WIN32)
@@ -82,6 +83,8 @@ public:
         : AbstractViewWidget(parent)
         , shown(std::make_unique<ViewType>(surface(), std::forward<Arguments>(arguments)...))
     {
+        static_assert(std::is_constructible<ViewType, QOpenGLWidget*, Arguments...>::value,
+            "the view wants other arguments behind the parent: ViewWidget<ProfileView>(parent, 2)");
         watch(shown.get());
     }
 

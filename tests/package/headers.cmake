@@ -1,4 +1,5 @@
-# Every installed header compiles alone, under strict warnings, and reads no header of VTK.
+# Every installed header compiles alone, under strict warnings, and reads no header of VTK. A view made
+# with the wrong arguments is refused in words.
 # cmake -DCOMPILER=<c++> -DINCLUDES=<folders, with | between> -DPREFIX=<installed>
 #   -DSCRATCH=<file to write> -P headers.cmake
 set(failures "")
@@ -26,6 +27,15 @@ foreach(header IN LISTS headers)
     string(APPEND failures "${header} was not read at all\n")
   endif()
 endforeach()
+file(WRITE "${SCRATCH}" "#include <hosting/viewwidget.h>\n#include <visualization/profileview.h>\n"
+  "ovl::hosting::ViewWidget<ovl::ProfileView> withoutColumns;\n")
+execute_process(
+  COMMAND "${COMPILER}" -x c++ -std=c++17 -fPIC -fsyntax-only
+    "-I${PREFIX}/include/ovl" ${INCLUDES} "${SCRATCH}"
+  RESULT_VARIABLE result ERROR_VARIABLE read)
+if(result EQUAL 0 OR NOT read MATCHES "the view wants other arguments")
+  string(APPEND failures "a ProfileView without its columns is not refused in words:\n${read}\n")
+endif()
 if(failures)
   message(FATAL_ERROR "${failures}")
 endif()
