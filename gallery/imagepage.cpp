@@ -50,9 +50,8 @@ private:
 
 ImagePage::ImagePage(Scanner& scanner, QWidget* parent)
     : Page(scanner, tr("Range image"),
-        tr("Left drag: pan   \u00b7   wheel or right drag: zoom   \u00b7   the status line tells "
-           "the "
-           "sample under the mouse"),
+        {tr("Left drag: pan"), tr("wheel or right drag: zoom"),
+            tr("the status line tells the sample under the mouse")},
         parent)
     , viewed(new hosting::ViewWidget<ImageView>)
 {

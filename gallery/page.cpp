@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "page.h"
 
+#include "elidedlabel.h"
 #include "settingspanel.h"
 #include <hosting/viewwidget.h>
 
@@ -14,57 +15,23 @@
 namespace ovl::gallery {
 namespace {
 
-QLabel* makeSourceLabel()
+ElidedLabel* makeLine(const QString& role)
 {
-    auto* label = new QLabel;
-    label->setProperty("role", QStringLiteral("source"));
-    label->setTextFormat(Qt::PlainText);
-    // A long text must not keep the window from becoming narrow.
-    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    return label;
-}
-
-/** A line of text that ends in dots where it is longer than the widget is wide. */
-class ElidedLabel : public QLabel {
-public:
-    explicit ElidedLabel(const QString& text)
-        : whole(text)
-    {
-        setTextFormat(Qt::PlainText);
-        setToolTip(text);
-        setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-        setText(text);
-    }
-
-protected:
-    void resizeEvent(QResizeEvent* event) override
-    {
-        constexpr int margins = 24; // as in the style sheet
-        QLabel::resizeEvent(event);
-        setText(fontMetrics().elidedText(whole, Qt::ElideRight, width() - margins));
-    }
-
-private:
-    QString whole;
-};
-
-QLabel* makeHint(const QString& text)
-{
-    auto* label = new ElidedLabel(text);
-    label->setProperty("role", QStringLiteral("hint"));
+    auto* label = new ElidedLabel;
+    label->setProperty("role", role);
     return label;
 }
 
 } // namespace
 
-Page::Page(Scanner& scanner, const QString& title, const QString& hint, QWidget* parent)
+Page::Page(Scanner& scanner, const QString& title, const QStringList& hints, QWidget* parent)
     : QWidget(parent)
     , panel(new SettingsPanel)
     , feeder(scanner)
     , heading(title)
     , frame(new QVBoxLayout(this))
     , strip(new QWidget)
-    , sourceLabel(makeSourceLabel())
+    , sourceLabel(makeLine(QStringLiteral("source")))
 {
     strip->setProperty("role", QStringLiteral("strip"));
     strip->setToolTip(tr("Double click: this view alone, or all four"));
@@ -79,7 +46,10 @@ Page::Page(Scanner& scanner, const QString& title, const QString& hint, QWidget*
     frame->setContentsMargins(0, 0, 0, 0);
     frame->setSpacing(0);
     frame->addWidget(strip);
-    frame->addWidget(makeHint(hint));
+    auto* hint = makeLine(QStringLiteral("hint"));
+    hint->setContentsMargins(12, 4, 12, 4);
+    hint->setParts(hints);
+    frame->addWidget(hint);
     life.start();
     connect(&scanner, &Scanner::moved, this, &Page::noteScannerMoved);
     connect(&scanner, &Scanner::runningChanged, this, [this](bool running) {
@@ -103,8 +73,7 @@ void Page::setView(hosting::AbstractViewWidget* view)
 void Page::setSource(const QString& text)
 {
     sourceText = text;
-    sourceLabel->setText(text);
-    sourceLabel->setToolTip(text);
+    sourceLabel->setParts({text});
     Q_EMIT sourceChanged();
 }
 

@@ -10,7 +10,6 @@
 #include <QElapsedTimer>
 #include <QWidget>
 
-class QLabel;
 class QVBoxLayout;
 
 namespace ovl::hosting {
@@ -19,9 +18,10 @@ class AbstractViewWidget;
 
 namespace ovl::gallery {
 
+class ElidedLabel;
 class SettingsPanel;
 
-/** One view with its data, under a heading and over a hint; its settings stand in the dock. */
+/** One view with its data, under a heading and over hints; its settings stand in the dock. */
 class Page : public QWidget {
     Q_OBJECT
 
@@ -66,7 +66,7 @@ Q_SIGNALS:
     void maximiseWanted();
 
 protected:
-    Page(Scanner& scanner, const QString& title, const QString& hint, QWidget* parent);
+    Page(Scanner& scanner, const QString& title, const QStringList& hints, QWidget* parent);
 
     /** Shows another view; the one before goes. */
     void setView(hosting::AbstractViewWidget* view);
@@ -96,7 +96,7 @@ private:
     hosting::AbstractViewWidget* shownView = nullptr;
     QVBoxLayout* frame;
     QWidget* strip;
-    QLabel* sourceLabel;
+    ElidedLabel* sourceLabel;
     bool awaitsFrame = false; // the scanner has moved since the last one
     bool awaitsPaint = false; // the last frame has not been seen yet
     QElapsedTimer sinceFrame;

@@ -101,9 +101,8 @@ private:
 
 ProfilePage::ProfilePage(Scanner& scanner, QWidget* parent)
     : Page(scanner, tr("Profile"),
-        tr("Left drag: pan, or move a region   \u00b7   wheel or right drag: zoom   \u00b7   "
-           "hover: "
-           "values"),
+        {tr("Left drag: pan, or move a region"), tr("wheel or right drag: zoom"),
+            tr("hover: values")},
         parent)
     , tools(new MeasuringTools(this))
 {

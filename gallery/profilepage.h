@@ -8,6 +8,8 @@
 #include <hosting/viewwidget.h>
 #include <visualization/profileview.h>
 
+class QLabel;
+
 namespace ovl::gallery {
 
 class MeasuringTools;

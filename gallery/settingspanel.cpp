@@ -44,6 +44,7 @@ QFormLayout* SettingsPanel::addGroup(const QString& heading)
     }
     auto* label = new QLabel(heading.toUpper());
     label->setProperty("role", QStringLiteral("section"));
+    label->setIndent(0);
     column->addWidget(label);
     auto* rows = new QFormLayout;
     rows->setHorizontalSpacing(12);

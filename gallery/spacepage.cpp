@@ -48,8 +48,8 @@ constexpr int kFewest = 3;
 
 SpacePage::SpacePage(Scanner& scanner, const QString& title, QWidget* parent)
     : Page(scanner, title,
-        tr("Left drag: turn   \u00b7   middle drag: pan   \u00b7   wheel or right drag: nearer   "
-           "\u00b7   the status line tells the sample"),
+        {tr("Left drag: turn"), tr("middle drag: pan"), tr("wheel or right drag: nearer"),
+            tr("the status line tells the sample")},
         parent)
 {
 }

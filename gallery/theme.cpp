@@ -45,13 +45,19 @@ QTabBar#pages::tab:selected { color: #ffffff; border-bottom: 2px solid #2f9bd8; 
 QTabBar#pages::tab:hover:!selected { color: #d8dde4; }
 QDockWidget { color: #d8dde4; }
 QDockWidget::title { background: #1c2026; padding: 9px 16px; border-bottom: 1px solid #0b0d10; }
+QDockWidget::close-button, QDockWidget::float-button { subcontrol-origin: margin;
+    subcontrol-position: center right; position: relative; width: 20px; height: 20px;
+    border: none; border-radius: 4px; background: transparent; icon-size: 12px; }
+QDockWidget::close-button { right: 12px; }
+QDockWidget::float-button { right: 38px; }
+QDockWidget::close-button:hover, QDockWidget::float-button:hover { background: #333b45; }
 QMainWindow::separator { background: #0b0d10; width: 3px; height: 3px; }
 QScrollArea#panel { border: none; background: #1c2026; }
 QWidget[role="strip"] { background: #171a1f; }
 QLabel[role="title"] { color: #d8dde4; font-weight: bold; background: transparent; }
 QWidget[role="strip"][active="true"] QLabel[role="title"] { color: #4fb6ee; }
 QLabel[role="source"] { color: #8b95a3; background: transparent; }
-QLabel[role="hint"] { color: #6f7987; background: #12151a; padding: 4px 12px; }
+QLabel[role="hint"] { color: #6f7987; background: #12151a; }
 QFrame#job { background: #16303f; border-bottom: 1px solid #0b0d10; }
 QFrame#job QLabel { color: #d3ecfb; }
 QProgressBar { background: #0f1114; border: none; border-radius: 3px; max-height: 6px; }
@@ -61,6 +67,15 @@ QLabel[role="section"] { color: #8b95a3; font-weight: bold; letter-spacing: 1px;
     padding-top: 8px; border: none; }
 QLabel[role="readout"] { color: #ffffff; }
 QFrame[role="rule"] { background: #2a3038; max-height: 1px; border: none; }
+QScrollBar { background: transparent; border: none; margin: 0; }
+QScrollBar:vertical { width: 10px; }
+QScrollBar:horizontal { height: 10px; }
+QScrollBar::handle { background: #39414c; border-radius: 3px; margin: 2px; }
+QScrollBar::handle:vertical { min-height: 32px; }
+QScrollBar::handle:horizontal { min-width: 32px; }
+QScrollBar::handle:hover { background: #4a5462; }
+QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
+QScrollBar::add-page, QScrollBar::sub-page { background: none; }
 QPushButton { background: #2a3038; border: 1px solid #39414c; border-radius: 4px; padding: 5px 12px; }
 QPushButton:hover { background: #333b45; }
 QPushButton:pressed, QPushButton:checked { background: #2f9bd8; border-color: #2f9bd8; color: white; }
