@@ -11,6 +11,7 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <optional>
 
 namespace ovl::gallery {
 namespace {
@@ -213,7 +214,10 @@ void MeasuringTools::measure(const Table& table)
 QString MeasuringTools::number(double value) const
 {
     // Three digits behind the point suit millimetres; other data tell their size themselves.
-    return unit.isEmpty() ? QString::number(value, 'g', 5) : QString::number(value, 'f', 3);
+    QString text = unit.isEmpty() ? QString::number(value, 'g', 5) : QString::number(value, 'f', 3);
+    if (text.startsWith(QLatin1Char('-')) && qFuzzyIsNull(text.toDouble()))
+        text.remove(0, 1); // nothing is less than nothing by less than a digit
+    return text;
 }
 
 QString MeasuringTools::tooltip(Tool tool) const
@@ -230,21 +234,28 @@ QString MeasuringTools::tooltip(Tool tool) const
 
 QString MeasuringTools::readOut() const
 {
-    const auto line = [](const QString& name, const QString& value, const QString& note) {
-        return QStringLiteral("%1%2 %3").arg(name, -6).arg(value, 10).arg(note);
+    const auto line = [this](const QString& name, std::optional<double> value,
+                          const QString& note = QString()) {
+        QString text = QStringLiteral("%1%2").arg(name, -6).arg(
+            value ? number(*value) : QStringLiteral("\u2013"), 10);
+        if (!unit.isEmpty()) // its column stays free where there is no number
+            text += QStringLiteral(" %1 ").arg(value ? unit : QString(), -unit.size());
+        return note.isEmpty() ? text : text + QLatin1Char(' ') + note;
     };
-    const QString none = QStringLiteral("-");
-    const auto mean
-        = [&](const Statistics& found) { return found.count > 0 ? number(found.mean) : none; };
+    const auto mean = [](const Statistics& found) {
+        return found.count > 0 ? std::make_optional(found.mean) : std::nullopt;
+    };
     const bool hasStep = inA.count > 0 && inB.count > 0;
     const double length = std::hypot((distance.second.x - distance.first.x) * xFactor,
         (distance.second.y - distance.first.y) * yFactor);
     const QStringList lines {
         line(tr("A"), mean(inA), tr("%1 samples").arg(inA.count)),
         line(tr("B"), mean(inB), tr("%1 samples").arg(inB.count)),
-        line(tr("Step"), hasStep ? number(inB.mean - inA.mean) : none, unit),
-        line(tr("Box"), mean(inArea), QStringLiteral("\u00b1 ") + number(inArea.deviation)),
-        line(tr("Line"), number(length), unit),
+        line(tr("Step"), hasStep ? std::make_optional(inB.mean - inA.mean) : std::nullopt),
+        line(tr("Box"), mean(inArea),
+            inArea.count > 0 ? QStringLiteral("\u00b1 ") + number(inArea.deviation)
+                             : tr("no samples")),
+        line(tr("Line"), length),
     };
     return lines.join(QLatin1Char('\n'));
 }

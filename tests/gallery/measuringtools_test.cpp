@@ -156,6 +156,25 @@ TEST_F(Tools, ReadOutIsInTheTablesNumbers)
     tools.measure(table);
     EXPECT_TRUE(tools.readOut().contains("A          0.100")) << qPrintable(tools.readOut());
     EXPECT_TRUE(tools.readOut().contains("Step       0.200 mm"));
+    EXPECT_TRUE(tools.readOut().contains("B          0.300 mm  9 samples"));
+}
+
+TEST_F(Tools, WhatIsLessThanADigitHasNoSign)
+{
+    tools.setScale(0, 0, QStringLiteral("mm"));
+    for (std::size_t row = 0; row < table.rows(); ++row)
+        table.columns[1][row] = -1e-5 * static_cast<double>(row); // the step is -0.0002
+    tools.measure(table);
+    EXPECT_TRUE(tools.readOut().contains("Step       0.000 mm")) << qPrintable(tools.readOut());
+}
+
+TEST_F(Tools, ABoxWithoutSamplesHasNoDeviation)
+{
+    for (double& y : table.columns[1])
+        y = 1000;
+    tools.measure(table);
+    EXPECT_TRUE(tools.readOut().contains("Box            \u2013 no samples"))
+        << qPrintable(tools.readOut());
 }
 
 } // namespace
