@@ -11,6 +11,7 @@ namespace {
 
 constexpr int kMoment = 150; // ms
 constexpr int kThousandths = 1000;
+constexpr int kWidest = 400; // of the text, so that a long name leaves room for the bar
 
 } // namespace
 
@@ -40,7 +41,8 @@ JobBar::JobBar(QWidget* parent)
 
 void JobBar::begin(const QString& what)
 {
-    label->setText(what);
+    label->setText(fontMetrics().elidedText(what, Qt::ElideMiddle, kWidest));
+    label->setToolTip(what);
     bar->setValue(0);
     if (isHidden())
         moment.start(kMoment);

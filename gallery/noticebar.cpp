@@ -8,6 +8,21 @@
 #include <QVariant>
 
 namespace ovl::gallery {
+namespace {
+
+constexpr int kLongestWord = 60; // characters; a label breaks lines between words only
+
+/** A long path would widen the window: its middle is left out. */
+QString withShortWords(const QString& text)
+{
+    QStringList words = text.split(QLatin1Char(' '));
+    for (QString& word : words)
+        if (word.size() > kLongestWord)
+            word = word.left(kLongestWord / 2) + QChar(0x2026) + word.right(kLongestWord / 2);
+    return words.join(QLatin1Char(' '));
+}
+
+} // namespace
 
 NoticeBar::NoticeBar(QWidget* parent)
     : QFrame(parent)
@@ -34,7 +49,8 @@ void NoticeBar::showRemark(const QString& text) { showText(text, "remark"); }
 
 void NoticeBar::showText(const QString& text, const char* kind)
 {
-    label->setText(text);
+    label->setText(withShortWords(text));
+    label->setToolTip(text);
     setProperty("kind", QString::fromLatin1(kind));
     style()->unpolish(this); // the style sheet looks at the property once only
     style()->polish(this);
