@@ -20,6 +20,7 @@ constexpr int kLargestSample = 65535;
 constexpr int kLargestShift = 15;
 constexpr int kMaskChannels = 4;
 constexpr int kHighestPart = 12; // mm
+constexpr int kNoCamera = -1; // chosen while a file is shown
 
 void turnWheel(QWidget& widget)
 {
@@ -77,9 +78,10 @@ SettingGroup ImagePage::sampleSettings()
         {{tr("Camera"),
              {choice("camera", {tr("Range, 16 bits"), tr("Grey, 12 bits"), tr("Colour, 12 bits")},
                  0,
-                 [this](const QVariant& kind) {
-                     chooseCamera(static_cast<CameraKind>(kind.toInt()));
-                 }).ofPage()}},
+                 [this](
+                     const QVariant& kind) { chooseCamera(static_cast<CameraKind>(kind.toInt())); })
+                     .ofPage()
+                     .withTip(tr("From a file, a camera leads back to the scanner"))}},
             {tr("Shift"),
                 {whole("shift", 0, kLargestShift, 0,
                     applied([this](const QVariant& bits) { view().setShift(bits.toInt()); }))
@@ -152,6 +154,7 @@ void ImagePage::show(const SharedContents& file)
 {
     const SharedContents old = std::exchange(contents, file); // read until the new one's draw
     const Image& image = file->image;
+    panel->show("camera", kNoCamera);
     panel->set("below", false);
     suit(file->range, image.wide && image.components == 1);
     draw();

@@ -21,7 +21,7 @@ const QString kRecent = QStringLiteral("files/recent");
 
 void MainWindow::restoreLayout()
 {
-    resize(kUsualSize);
+    resize(kUsualSize.boundedTo(QGuiApplication::primaryScreen()->availableSize()));
     if (!memory)
         return;
     restoreGeometry(memory->value(kGeometry).toByteArray());

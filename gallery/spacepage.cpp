@@ -114,14 +114,16 @@ void SpacePage::suitContents()
         panel->show(ends[axis][1], box[axis].largest);
     }
     suitScale();
-    if (showsFile())
-        setSource(tr("%1, %2 x %3 samples, %4 without data")
-                      .arg(contents->name)
-                      .arg(contents->map.columns)
-                      .arg(contents->map.rows)
-                      .arg(contents->gaps));
-    else
-        setSource(scannedText());
+    setSource(showsFile() ? fileText() : scannedText());
+}
+
+QString SpacePage::fileText() const
+{
+    const QString text = tr("%1, %2 x %3 samples")
+                             .arg(contents->name)
+                             .arg(contents->map.columns)
+                             .arg(contents->map.rows);
+    return contents->gaps > 0 ? tr("%1, %2 without data").arg(text).arg(contents->gaps) : text;
 }
 
 /** Exaggerates or flattens the heights so that they can be seen. */

@@ -36,6 +36,7 @@ protected:
     /** The scanner's part that the page shows: the growing one, or the last whole one. */
     virtual const HeightMap& scanned() const = 0;
     virtual QString scannedText() const = 0;
+    QString fileText() const;
 
     const HeightMap& map() const { return showsFile() ? contents->map : scanned(); }
     Samples samples() const { return samplesOf(contents.get()); }

@@ -84,6 +84,37 @@ TEST_F(Files, NextAndPreviousWalkThroughThem)
     EXPECT_TRUE(page("image").source().startsWith("a.pgm")) << "round and round";
 }
 
+TEST_F(Files, AnImageIsFromNoCameraAndOneLeadsBack)
+{
+    SettingsPanel& panel = *page("image").settings();
+    ASSERT_TRUE(open({writeImage()}));
+    EXPECT_EQ(panel.value("camera"), -1);
+    panel.set("camera", 0);
+    EXPECT_FALSE(page("image").showsFile());
+    EXPECT_EQ(panel.value("camera"), 0);
+}
+
+TEST_F(Files, GapsAreToldWhereThereAreAny)
+{
+    ASSERT_TRUE(open({writeGrid()}));
+    EXPECT_EQ(page("cloud").source(), "a.asc, 2 x 2 samples");
+    ASSERT_TRUE(
+        open({write("b.asc", "ncols 2\nnrows 2\ncellsize 1\nNODATA_value -1\n1 -1\n3 4\n")}));
+    EXPECT_EQ(page("cloud").source(), "b.asc, 2 x 2 samples, 1 without data");
+}
+
+TEST_F(Files, ALongNameDoesNotWidenTheWindow)
+{
+    window.resize(900, 600);
+    show("profile");
+    const QByteArray name = QByteArray(200, 'n') + ".csv";
+    ASSERT_TRUE(open({write(name.constData(), "x,y\n1,2\n3,4\n")}));
+    EXPECT_FALSE(open({write(name.constData(), "x\n")}));
+    EXPECT_TRUE(notice().findChild<QLabel*>()->toolTip().contains(name));
+    QApplication::processEvents();
+    EXPECT_EQ(window.width(), 900);
+}
+
 TEST_F(Files, ABadOneIsToldAndWhatWasThereStays)
 {
     ASSERT_TRUE(open({writeGrid()}));
@@ -115,7 +146,7 @@ TEST_F(Files, RowsLeftOutAreRemarked)
 
 TEST_F(Files, ALongOneShowsItsProgressAndTheWindowLives)
 {
-    window.show();
+    show("image"); // painting the others would take the window's time
     QSignalSpy moved(&window.scanner(), &Scanner::moved);
     window.scanner().setRunning(true);
     window.open({writeLargeGrid()});
