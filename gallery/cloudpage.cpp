@@ -7,7 +7,7 @@ CloudPage::CloudPage(Scanner& scanner, QWidget* parent)
     : SpacePageOf<PointCloudView>(scanner, tr("Point cloud"), parent)
 {
     // In front of the part and a little to its right, at four times the distance told here.
-    panel->add({colourSettings(ColorScheme::None), axisSettings({0.67, 0.95, 2.65}),
+    panel->add({colourSettings(ColorScheme::None), axisSettings({0.66, 0.92, 2.53}),
         dataSettings([this] { redraw(); })});
     panel->finish();
     showScanner();

@@ -81,6 +81,8 @@ bool settle(MainWindow& window)
     pointAtMiddle(*window.currentPage());
     QApplication::processEvents();
     window.currentPage()->viewWidget()->render();
+    // The status line may have changed in the meantime, and would be cut at its old width.
+    QApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     return true;
 }
 

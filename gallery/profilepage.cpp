@@ -411,8 +411,8 @@ void ProfilePage::suitHomeRanges()
         const HomeRange across {0, static_cast<int>(Conveyor::kFieldOfView)};
         showHomeRange("bottomFrom", "bottomTo", across);
         showHomeRange("topFrom", "topTo", across);
-        showHomeRange("leftFrom", "leftTo", {-8, 14});
-        return showHomeRange("rightFrom", "rightTo", {0, 200});
+        showHomeRange("leftFrom", "leftTo", {-8, 18}); // the legend has room above the parts
+        return showHomeRange("rightFrom", "rightTo", {0, 240});
     }
     std::optional<Extent> sides[2]; // left and right
     for (std::size_t i = 0; i < curves.size(); ++i) {

@@ -97,6 +97,7 @@ SettingEditor makeChoice(const Setting& setting)
 {
     auto* box = new QComboBox;
     box->addItems(setting.choices);
+    box->setPlaceholderText(QStringLiteral("\u2013")); // while nothing is chosen
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(6);
     QObject::connect(box, QOverload<int>::of(&QComboBox::currentIndexChanged), box,

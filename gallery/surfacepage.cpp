@@ -16,7 +16,7 @@ SurfacePage::SurfacePage(Scanner& scanner, QWidget* parent)
             static_cast<int>(Representation::Surface), [this](const QVariant& index) {
                 view().setRepresentation(static_cast<Representation>(index.toInt()));
             })}});
-    panel->add({colours, axisSettings({-0.67, -0.95, 1.65}), dataSettings([this] { redraw(); })});
+    panel->add({colours, axisSettings({-0.66, -0.92, 1.53}), dataSettings([this] { redraw(); })});
     panel->finish();
     showScanner();
 }

@@ -25,6 +25,7 @@ QPalette darkPalette()
     palette.setColor(QPalette::AlternateBase, kRaised);
     palette.setColor(QPalette::ToolTipBase, kRaised);
     palette.setColor(QPalette::ToolTipText, kText);
+    palette.setColor(QPalette::PlaceholderText, kFaint);
     palette.setColor(QPalette::Highlight, kAccent);
     palette.setColor(QPalette::HighlightedText, Qt::white);
     palette.setColor(QPalette::Link, kAccent);
