@@ -66,7 +66,8 @@ public:
     void redraw();
 
     /**
-     * Shows the whole image, upright. Marks the view dirty.
+     * Shows the whole image, upright: the circle round it fits the shorter side of the window,
+     * which counts as square until it has a size. Marks the view dirty.
      *
      * Repeated on the same image it moves camera and image together by half a pixel in the scene,
      * which the picture does not show.
