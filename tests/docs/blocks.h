@@ -16,9 +16,11 @@
 
 #include <QApplication>
 #include <QColor>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QObject>
 #include <QOpenGLWidget>
+#include <QPushButton>
 #include <QString>
 #include <QTimer>
 
