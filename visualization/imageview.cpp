@@ -4,6 +4,7 @@
 #include "imagecorrectionalgorithm.h"
 #include "imageinteractorstyle.h"
 #include "imagelookupmapper.h"
+#include "imagepicker.h"
 #include "pointerpick.h"
 #include "range.h"
 #include "viewframe.h"
@@ -11,7 +12,6 @@
 
 #include <QVTKInteractor.h>
 #include <vtkCamera.h>
-#include <vtkCellPicker.h>
 #include <vtkImageActor.h>
 #include <vtkImageImport.h>
 #include <vtkImageMapper3D.h>
@@ -92,7 +92,7 @@ public:
     vtkSmartPointer<vtkImageActor> imageActor = make<vtkImageActor>();
     vtkSmartPointer<QVTKInteractor> interactor = make<QVTKInteractor>();
     vtkSmartPointer<ImageCorrectionAlgorithm> correction = make<ImageCorrectionAlgorithm>();
-    vtkSmartPointer<vtkCellPicker> picker = make<vtkCellPicker>();
+    vtkSmartPointer<ImagePicker> picker = make<ImagePicker>();
     vtkSmartPointer<ImageInteractorStyle> style = make<ImageInteractorStyle>();
     vtkSmartPointer<ImageLookupMapper> mapToColors = make<ImageLookupMapper>();
     vtkSmartPointer<vtkLookupTable> lookupTable = make<vtkLookupTable>();
