@@ -102,12 +102,12 @@ struct Placement {
         const vtkMatrix4x4* const view
             = renderer->GetActiveCamera()->GetCompositeProjectionTransformMatrix(
                 renderer->GetTiledAspectRatio(), 0.0, 1.0);
-        double product[16];
-        vtkMatrix4x4::Multiply4x4(*view->Element, *image->GetMatrix()->Element, product);
+        double product[4][4];
+        vtkMatrix4x4::Multiply4x4(*view->Element, *image->GetMatrix()->Element, *product);
         for (int i = 0; i < 4; ++i) {
-            a[i] = product[4 * i];
-            b[i] = product[4 * i + 1];
-            c[i] = product[4 * i + 3];
+            a[i] = product[i][0];
+            b[i] = product[i][1];
+            c[i] = product[i][3];
         }
     }
 };
