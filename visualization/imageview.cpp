@@ -7,6 +7,7 @@
 #include "imagepicker.h"
 #include "pointerpick.h"
 #include "range.h"
+#include "texturecolors.h"
 #include "viewframe.h"
 #include "vtkcompat.h"
 
@@ -160,6 +161,7 @@ void ImageView::Private::wirePipeline()
     correction->setShiftDeferred(true); // to the look-up, which gets it for nothing
     correction->SetInputConnection(imageImport->GetOutputPort(0));
     imageActor->GetMapper()->SetInputConnection(correction->GetOutputPort(0));
+    colorTexture(imageActor->GetMapper());
     renderer->AddActor(imageActor);
     style->setPickedActor(imageActor);
     style->setPicker(picker);

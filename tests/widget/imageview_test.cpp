@@ -397,6 +397,29 @@ TEST(ImageView, ColourComesAsBlueGreenRed)
     EXPECT_EQ(f.colorOf(4, 4), QColor(10, 20, 30));
 }
 
+TEST(ImageView, EveryNumberOfChannelsLooksAsOnAnActorOfTheFramework)
+{
+    std::vector<unsigned char> samples(61 * 37 * 4);
+    for (std::size_t i = 0; i < samples.size(); ++i)
+        samples[i] = static_cast<unsigned char>(i * i * 7 + i);
+    for (int components = 1; components <= 4; ++components) {
+        SCOPED_TRACE(components);
+        ImageFixture f;
+        f.view->drawScene(samples.data(), 61, 37, {components, 0});
+        f.render();
+        const QImage picture = f.picture();
+        const auto stock = vtkSmartPointer<vtkImageActor>::New();
+        stock->InterpolateOff();
+        stock->GetMapper()->SetInputConnection(f.image()->GetMapper()->GetInputConnection(0, 0));
+        stock->SetPosition(f.image()->GetPosition());
+        f.image()->VisibilityOff();
+        f.renderer()->AddActor(stock);
+        f.render();
+        EXPECT_EQ(picture, f.picture());
+        f.renderer()->RemoveActor(stock);
+    }
+}
+
 TEST(ImageView, ComponentsOutsideOneToFourStand)
 {
     for (const int components : {5, 6, 0, -1}) {
