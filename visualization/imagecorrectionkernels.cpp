@@ -124,21 +124,28 @@ private:
 };
 
 /**
- * Which samples of a vector come from two places ahead, from the same place and from two places
- * behind when triples are reversed. The pattern returns after three vectors.
+ * Where the bytes of a vector of reversed triples stand in what is loaded two samples before its
+ * place and two samples behind it. The pattern returns after three vectors; each half of one is
+ * shuffled for itself.
  */
-template <class T> struct TripleMasks {
-    alignas(vectorBytes) T ahead[3][samplesPerVector<T>] {};
-    alignas(vectorBytes) T same[3][samplesPerVector<T>] {};
-    alignas(vectorBytes) T behind[3][samplesPerVector<T>] {};
+template <class T> struct TripleShuffle {
+    alignas(vectorBytes) std::int8_t before[3][vectorBytes] {};
+    alignas(vectorBytes) std::int8_t behind[3][vectorBytes] {};
 
-    constexpr TripleMasks()
+    constexpr TripleShuffle()
     {
-        constexpr T all = static_cast<T>(-1);
+        constexpr int size = sizeof(T);
+        constexpr int whole = vectorBytes;
+        constexpr int half = whole / 2;
         for (int vector = 0; vector < 3; ++vector)
-            for (int i = 0; i < samplesPerVector<T>; ++i) {
-                const auto channel = (vector * samplesPerVector<T> + i) % 3;
-                (channel == 0 ? ahead : channel == 1 ? same : behind)[vector][i] = all;
+            for (int byte = 0; byte < whole; ++byte) {
+                const int channel = (vector * whole + byte) / size % 3;
+                const int place = byte % half + 2 * size * (1 - channel);
+                const int fromBefore = place + 2 * size;
+                const bool reached = fromBefore < half;
+                // A negative place makes 0.
+                before[vector][byte] = static_cast<std::int8_t>(reached ? fromBefore : -1);
+                behind[vector][byte] = static_cast<std::int8_t>(reached ? -1 : place - 2 * size);
             }
     }
 };
@@ -157,11 +164,10 @@ public:
     OVL_AVX2 explicit ReversedShape(const Correction<In>& correction)
         : shift(correction.shift)
     {
-        static constexpr TripleMasks<In> masks;
+        static constexpr TripleShuffle<In> shuffle;
         for (int i = 0; i < 3; ++i) {
-            ahead[i] = load(masks.ahead[i]);
-            same[i] = load(masks.same[i]);
-            behind[i] = load(masks.behind[i]);
+            fromBefore[i] = load(shuffle.before[i]);
+            fromBehind[i] = load(shuffle.behind[i]);
         }
     }
 
@@ -178,15 +184,13 @@ public:
 private:
     OVL_AVX2 __m256i reversed(const In* at, int phase) const
     {
-        return _mm256_or_si256(_mm256_and_si256(load(at), same[phase]),
-            _mm256_or_si256(_mm256_and_si256(load(at + 2), ahead[phase]),
-                _mm256_and_si256(load(at - 2), behind[phase])));
+        return _mm256_or_si256(_mm256_shuffle_epi8(load(at - 2), fromBefore[phase]),
+            _mm256_shuffle_epi8(load(at + 2), fromBehind[phase]));
     }
 
     VectorShift<In> shift;
-    __m256i ahead[3];
-    __m256i same[3];
-    __m256i behind[3];
+    __m256i fromBefore[3];
+    __m256i fromBehind[3];
 };
 
 /** Where the bytes of 16 of the output stand among the input's samples, once these are narrowed. */
