@@ -249,6 +249,10 @@ vtkStandardNewMacro(ImageCorrectionAlgorithm);
 ImageCorrectionAlgorithm::ImageCorrectionAlgorithm()
     : d(new Private)
 {
+    // The framework's 64 KiB make two hundred pieces of a large frame, and each one fetches its
+    // beginning anew.
+    constexpr vtkIdType pieceBytes = 256 << 10;
+    SetDesiredBytesPerPiece(pieceBytes);
 }
 
 ImageCorrectionAlgorithm::~ImageCorrectionAlgorithm() { delete d; }
