@@ -36,11 +36,15 @@ function(ovl_register_test tier name target)
   ovl_set_test_properties(${tier} ${name})
 endfunction()
 
+# All programs of ovl_add_test, without the gallery, the examples and the packages.
+add_custom_target(class_tests)
+
 function(ovl_add_test tier name)
   set(target ${tier}_${name}_test)
   add_executable(${target} ${tier}/${name}_test.cpp support/${tier}_main.cpp)
   target_link_libraries(${target} PRIVATE ovl_test_support ${ARGN})
   ovl_register_test(${tier} ${name} ${target})
+  add_dependencies(class_tests ${target})
 endfunction()
 
 # ovl_add_host_test(<name>): tests/host/<name>_test.cpp, linked to the libraries as a host links them.
