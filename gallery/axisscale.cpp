@@ -9,7 +9,7 @@ namespace {
 
 constexpr double kSmallestSpan = 4; // fewer whole numbers frame too coarsely
 constexpr double kLargestNumber = 1e8; // well within what an int holds
-constexpr int kLargestExponent = 300;
+constexpr double kLargestExponent = 300;
 
 } // namespace
 
@@ -32,14 +32,13 @@ int exponentFor(const Extent& extent)
 {
     const double span = extent.largest - extent.smallest;
     const double greatest = std::max(std::abs(extent.smallest), std::abs(extent.largest));
-    int exponent = 0;
+    double exponent = 0; // of the least numbers it is infinite, before it is bounded
     if (span > 0 && span < kSmallestSpan)
-        exponent = static_cast<int>(std::ceil(std::log10(10 * kSmallestSpan / span)));
+        exponent = std::ceil(std::log10(10 * kSmallestSpan / span));
     exponent = std::min(exponent, kLargestExponent);
     if (greatest > 0) // rather a coarse frame than numbers that do not fit
-        exponent = std::min(
-            exponent, static_cast<int>(std::floor(std::log10(kLargestNumber / greatest))));
-    return std::max(exponent, -kLargestExponent);
+        exponent = std::min(exponent, std::floor(std::log10(kLargestNumber / greatest)));
+    return static_cast<int>(std::max(exponent, -kLargestExponent));
 }
 
 HomeRange homeRangeFor(const Extent& extent, double room)

@@ -16,6 +16,7 @@ namespace {
 using Failure = Outcome<Table>;
 
 constexpr std::size_t kMostColumns = 64; // more curves than anybody can tell apart
+constexpr int kLongestTitle = 80; // letters; a legend has no room for more
 constexpr int kNamedLines = 8; // bad lines told one by one
 constexpr double kReadShare = 0.2; // of the time; the rest is parsing
 constexpr int kLinesAtOnce = 1024; // between two looks at the progress
@@ -28,7 +29,10 @@ public:
     {
     }
 
-    /** The fields of a line, without quotes; valid until the next call. */
+    /**
+     * The fields of a line, without quotes; valid until the next call. One more than can be shown
+     * is the last one, whatever follows: a field takes more memory than its comma.
+     */
     const std::vector<std::string>& split(std::string_view line)
     {
         count = 0;
@@ -40,6 +44,8 @@ public:
                 field->push_back(line[++i]); // two stand for one
             else if (sign == '"')
                 quoted = !quoted;
+            else if (sign == separator && !quoted && count > kMostColumns)
+                break;
             else if (sign == separator && !quoted)
                 field = &next();
             else
@@ -62,6 +68,14 @@ private:
     std::vector<std::string> fields;
     std::size_t count = 0;
 };
+
+QString titleFrom(const std::string& field)
+{
+    const QString title = QString::fromUtf8(field.c_str()).trimmed();
+    return title.size() <= kLongestTitle
+        ? title
+        : title.left(kLongestTitle - 1) + QChar(0x2026); // an ellipsis
+}
 
 char separatorOf(std::string_view header)
 {
@@ -152,7 +166,7 @@ Outcome<Table> readCsvFile(const QString& path, Progress* progress)
     Table table;
     table.columns.resize(titles.size());
     for (const std::string& title : titles)
-        table.titles.append(QString::fromUtf8(title.c_str()).trimmed());
+        table.titles.append(titleFrom(title));
     if (!readRows(rest, splitter, separator == ';', table, Stage(progress, kReadShare, 1)))
         return Failure::failure(QString::fromLatin1(kCancelled));
     if (table.rows() == 0) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "filecontents.h"
 
+#include "axisscale.h"
 #include "csvfile.h"
 #include "gridfile.h"
 #include "imagefile.h"
@@ -55,6 +56,21 @@ Outcome<SharedContents> read(const QString& path, Progress* progress)
 
 } // namespace
 
+namespace {
+
+/** Powers of ten bring heights that the view's axes cannot label to where they can. */
+double unitFor(const Extent& heights)
+{
+    constexpr double kLeastSpan = 1e-3;
+    constexpr double kGreatest = 1e6;
+    const double span = heights.largest - heights.smallest;
+    const double greatest = std::max(std::abs(heights.largest), std::abs(heights.smallest));
+    const bool usual = greatest <= kGreatest && (span == 0 || span >= kLeastSpan);
+    return usual ? 1 : std::pow(10.0, exponentFor(heights));
+}
+
+} // namespace
+
 void summarise(FileContents& contents)
 {
     if (contents.kind == FileKind::Image)
@@ -63,6 +79,7 @@ void summarise(FileContents& contents)
         contents.remark = badLinesText(contents.table);
     if (contents.kind == FileKind::Grid) {
         contents.heights = extentOf(contents.map.heights, contents.map.samples());
+        contents.map.zUnit = unitFor(contents.heights);
         contents.gaps = static_cast<std::size_t>(std::count_if(contents.map.heights.begin(),
             contents.map.heights.end(), [](float height) { return std::isnan(height); }));
     }

@@ -26,6 +26,8 @@ Outcome<FileKind> fileKindOf(const QString& path)
         return Failure::failure(QStringLiteral("there is no such file"));
     if (info.isDir())
         return Failure::failure(QStringLiteral("this is a folder"));
+    if (!info.isFile()) // which might never end, or never begin
+        return Failure::failure(QStringLiteral("this is no file but a device or a pipe"));
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return Failure::failure(file.errorString());

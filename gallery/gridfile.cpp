@@ -6,6 +6,7 @@
 
 #include <QByteArray>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <map>
@@ -18,6 +19,9 @@ namespace {
 using Failure = Outcome<HeightMap>;
 
 constexpr double kLargestSide = 100000;
+constexpr double kGreatestHeight = 1e37; // up or down: the whole extent is a float too
+constexpr float kNoHeight = std::numeric_limits<float>::quiet_NaN();
+constexpr double kMostDecimals = 15; // that a double can tell
 constexpr double kReadShare = 0.2; // of the time; the rest is parsing
 
 QString atLine(int line, const QString& problem)
@@ -129,8 +133,9 @@ private:
             if (++count > map.columns)
                 break;
             const bool missing = none != header.end() && *value == none->second;
-            map.heights.push_back(
-                missing ? std::numeric_limits<float>::quiet_NaN() : static_cast<float>(*value));
+            if (!missing && std::abs(*value) > kGreatestHeight)
+                return atLine(line, QStringLiteral("%1 is too great to be shown").arg(*value));
+            map.heights.push_back(missing ? kNoHeight : static_cast<float>(*value));
         }
         if (count != map.columns)
             return atLine(line,
@@ -161,7 +166,8 @@ private:
     void setRulers(HeightMap& map)
     {
         const double cell = header["cellsize"];
-        const int decimals = std::max(0, static_cast<int>(std::ceil(-std::log10(cell))));
+        const auto decimals
+            = static_cast<int>(std::clamp(std::ceil(-std::log10(cell)), 0.0, kMostDecimals));
         const double south = firstCentre("yllcorner", "yllcenter");
         map.x = {firstCentre("xllcorner", "xllcenter"), cell, decimals, QString()};
         map.y = {south + (map.rows - 1) * cell, -cell, decimals, QString()};

@@ -22,17 +22,28 @@ quint32 bigEndian(const QByteArray& bytes, int at)
     return qFromBigEndian<quint32>(bytes.constData() + at);
 }
 
-/** Whether the chunks follow each other up to the closing one. */
-bool isWhole(const QByteArray& bytes)
+/** The bytes that hold the pixels; -1 where the chunks do not follow each other up to the closing
+ * one. */
+qint64 packedBytes(const QByteArray& bytes)
 {
+    qint64 packed = 0;
     qint64 at = kSignatureLength;
     while (at + kChunkFrame <= bytes.size()) {
         const auto chunk = static_cast<int>(at);
-        if (bytes.mid(chunk + 4, 4) == "IEND")
-            return true;
-        at += kChunkFrame + static_cast<qint64>(bigEndian(bytes, chunk));
+        const QByteArray name = bytes.mid(chunk + 4, 4);
+        const qint64 length = bigEndian(bytes, chunk);
+        if (name == "IEND")
+            return packed;
+        packed += name == "IDAT" ? length : 0;
+        at += kChunkFrame + length;
     }
-    return false;
+    return -1;
+}
+
+int bitsPerPixel(const QByteArray& bytes)
+{
+    constexpr int channels[] = {1, 1, 3, 1, 2, 1, 4, 1}; // of each colour type
+    return bytes[24] * channels[bytes[25] & 7];
 }
 
 /** The header's size is checked before anything is allocated for it. */
@@ -42,9 +53,13 @@ QString headerProblem(const QByteArray& bytes)
         return QStringLiteral("the PNG file ends within its header");
     const qint64 width = bigEndian(bytes, 16);
     const qint64 height = bigEndian(bytes, 20);
-    if (!isHonestSize(width, height, 1, 8 * qint64(bytes.size()), kDeflateRatio)) // 1 bit may do
+    const qint64 packed = packedBytes(bytes);
+    const qint64 stored = packed < 0 ? bytes.size() : packed;
+    const int bits = qMax(bitsPerPixel(bytes), 1);
+    const int pixelsPerByte = bits < 8 ? 8 / bits : 1;
+    if (!isHonestSize(width, height, qMax(1, bits / 8), pixelsPerByte * stored, kDeflateRatio))
         return dishonestSize(width, height);
-    return isWhole(bytes) ? QString() : QStringLiteral("the PNG file is truncated");
+    return packed < 0 ? QStringLiteral("the PNG file is truncated") : QString();
 }
 
 void copyRows(const QImage& packed, Image& image)

@@ -16,7 +16,7 @@
 namespace ovl::gallery {
 namespace {
 
-constexpr std::size_t kMostJoined = 20000; // rows; each becomes a line of a shape
+constexpr std::size_t kMostJoined = 40000; // samples of all curves; each becomes a line of a shape
 constexpr double kRoom = 0.05; // of an extent, above and below the curves
 constexpr int kGreatest = 200000000; // on an axis
 constexpr int kPatience = 8; // ms of filling at once
@@ -315,7 +315,7 @@ void ProfilePage::showView(std::unique_ptr<Widget> filled, std::vector<CurveLook
     }
     panel->setChoices("curve", names);
     showCurve(0);
-    const bool joining = showsFile() && table().rows() <= kMostJoined;
+    const bool joining = showsFile() && table().rows() * curves.size() <= kMostJoined;
     panel->enable("join", joining); // lines are made for what stands still
     panel->applyToView();
     suitHomeRanges();

@@ -33,6 +33,11 @@ double rounded(double value)
     return std::round(value / unit) * unit;
 }
 
+QString unitText(double unit)
+{
+    return unit == 1 ? QString() : QStringLiteral(", heights x %1").arg(unit);
+}
+
 /** A family of series that differ in the number of their colours only. */
 struct Family {
     const char* name;
@@ -123,7 +128,9 @@ QString SpacePage::fileText() const
                              .arg(contents->name)
                              .arg(contents->map.columns)
                              .arg(contents->map.rows);
-    return contents->gaps > 0 ? tr("%1, %2 without data").arg(text).arg(contents->gaps) : text;
+    const QString gaps
+        = contents->gaps > 0 ? tr(", %1 without data").arg(contents->gaps) : QString();
+    return text + gaps + unitText(contents->map.zUnit);
 }
 
 /** Exaggerates or flattens the heights so that they can be seen. */

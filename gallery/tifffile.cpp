@@ -6,6 +6,7 @@
 
 #include <vtkCallbackCommand.h>
 #include <vtkCommand.h>
+#include <vtkExecutive.h>
 #include <vtkImageData.h>
 #include <vtkNew.h>
 #include <vtkTIFFReader.h>
@@ -62,6 +63,7 @@ Outcome<Image> readTiff(const QString& path, const QByteArray& bytes)
     observer->SetClientData(&failed);
     vtkNew<vtkTIFFReader> reader;
     reader->AddObserver(vtkCommand::ErrorEvent, observer);
+    reader->GetExecutive()->AddObserver(vtkCommand::ErrorEvent, observer); // which speaks up for it
     reader->SetFileName(path.toLocal8Bit().constData());
     reader->Update();
     vtkImageData* read = reader->GetOutput();

@@ -29,6 +29,12 @@ TEST(AxisScale, SmallExtentsGrowUntilWholeNumbersFrameThem)
     EXPECT_EQ(exponentFor({-1, 1}), 2); // -100 to 100: ten times four at least
 }
 
+TEST(AxisScale, TheLeastNumbersGrowNoFurtherThanAFactorReaches)
+{
+    EXPECT_EQ(exponentFor({0, 1e-320}), 300);
+    EXPECT_EQ(exponentFor({-1e-320, 0}), 300);
+}
+
 TEST(AxisScale, GreatNumbersShrinkUntilTheyFit)
 {
     EXPECT_EQ(exponentFor({0, 1e12}), -4);

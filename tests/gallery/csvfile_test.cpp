@@ -108,6 +108,13 @@ TEST_F(CsvFile, OtherSeparatorsQuotesAndLineEnds)
     EXPECT_EQ(marked.columns[1], (Column {2}));
 }
 
+TEST_F(CsvFile, LongTitlesAreCutOff)
+{
+    const Table read = table(QByteArray(81, 't') + ',' + QByteArray(80, 'u') + "\n1,2\n");
+    EXPECT_EQ(read.titles[0], QString(79, 't') + QChar(0x2026));
+    EXPECT_EQ(read.titles[1], QString(80, 'u'));
+}
+
 TEST_F(CsvFile, WhatIsNoTableIsRefused)
 {
     expectProblem("", "empty");

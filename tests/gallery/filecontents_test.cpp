@@ -60,6 +60,22 @@ TEST_F(Contents, AGridComesWithItsHeightsAndGapsCounted)
     EXPECT_EQ(read.value()->gaps, 2U);
 }
 
+TEST_F(Contents, AGridOfExtremeHeightsComesWithAUnitThatAxesCanLabel)
+{
+    const struct {
+        const char* rows;
+        double unit;
+    } cases[] = {{"0 1\n2 1e6\n", 1}, {"5 5\n5 5\n", 1}, {"-9e36 0\n9e36 0\n", 1e-29},
+        {"0 5e-5\n0 0\n", 1e6}};
+    for (const auto& wanted : cases) {
+        SCOPED_TRACE(wanted.rows);
+        Outcome<SharedContents> read = readContents(
+            write("a.asc", QByteArray("ncols 2\nnrows 2\ncellsize 1\n") + wanted.rows));
+        ASSERT_TRUE(read) << qPrintable(read.problem());
+        EXPECT_NEAR(read.value()->map.zUnit / wanted.unit, 1, 1e-9);
+    }
+}
+
 TEST_F(Contents, AProblemIsTheReaders)
 {
     Outcome<SharedContents> read = readContents(folder.filePath("nowhere.png"));

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include <gallery/imagefile.h>
+#include <support/filefolder.h>
 #include <support/messagewatch.h>
 
 #include <QDir>
 #include <QFile>
 #include <QImage>
-#include <QTemporaryDir>
 #include <QtEndian>
 
 #include <gtest/gtest.h>
@@ -18,18 +18,8 @@ using ovl::test::MessageWatch;
 
 namespace {
 
-class ImageFile : public testing::Test {
+class ImageFile : public ovl::test::FileFolder {
 protected:
-    QString path(const char* name) const { return folder.filePath(QString::fromLatin1(name)); }
-
-    QString write(const char* name, const QByteArray& bytes) const
-    {
-        QFile file(path(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return path(name);
-    }
-
     QString save(const char* name, const QImage& image) const
     {
         EXPECT_TRUE(image.save(path(name)));
@@ -57,8 +47,6 @@ protected:
             samples.push_back(image.sample(i));
         return samples;
     }
-
-    QTemporaryDir folder;
 };
 
 using Samples = std::vector<int>;

@@ -137,6 +137,15 @@ TEST_F(Files, ABadOneDoesNotKeepTheNextFromBeingShown)
     EXPECT_TRUE(notice().isHidden()) << "a new file takes the old message away";
 }
 
+TEST_F(Files, OnlyAsManySamplesAreJoinedAsCanBeDrawn)
+{
+    const auto rows = [](int count) { return "x,y,z\n" + QByteArray("1,2,3\n").repeated(count); };
+    EXPECT_TRUE(open({write("few.csv", rows(20000))}));
+    EXPECT_TRUE(page("profile").settings()->editor("join")->isEnabled());
+    EXPECT_TRUE(open({write("many.csv", rows(20001))}));
+    EXPECT_FALSE(page("profile").settings()->editor("join")->isEnabled());
+}
+
 TEST_F(Files, RowsLeftOutAreRemarked)
 {
     EXPECT_TRUE(open({write("a.csv", "x,y\n1,2\noops\n3,4\n")}));

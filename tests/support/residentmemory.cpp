@@ -8,6 +8,7 @@ __sanitizer_get_current_allocated_bytes(); // NOLINT(bugprone-reserved-identifie
 #endif
 
 #include <fstream>
+#include <string>
 #include <unistd.h>
 
 namespace ovl::test {
@@ -23,6 +24,24 @@ std::size_t residentBytes()
     statm >> total >> resident;
     return resident * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
 #endif
+}
+
+void forgetPeak()
+{
+    std::ofstream("/proc/self/clear_refs") << '5'; // the kernel's way to say it
+}
+
+std::size_t peakBytes()
+{
+#if !defined(__SANITIZE_ADDRESS__)
+    std::ifstream status("/proc/self/status");
+    for (std::string word; status >> word;) {
+        std::size_t kibibytes = 0;
+        if (word == "VmHWM:" && status >> kibibytes)
+            return kibibytes * 1024;
+    }
+#endif
+    return residentBytes();
 }
 
 } // namespace ovl::test

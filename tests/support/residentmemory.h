@@ -12,6 +12,12 @@ namespace ovl::test {
  */
 std::size_t residentBytes();
 
+/** Lets peakBytes() begin anew. */
+void forgetPeak();
+/** The most that this process has occupied since; under AddressSanitizer what residentBytes() says.
+ */
+std::size_t peakBytes();
+
 } // namespace ovl::test
 
 #endif
