@@ -2,6 +2,8 @@
 #include <visualization/plotline.h>
 #include <visualization/plotpoints.h>
 #include <visualization/plotroster.h>
+#include <visualization/point.h>
+#include <visualization/shape.h>
 #include <visualization/vtkcompat.h>
 
 #include <vtkAxis.h>
@@ -354,6 +356,75 @@ TEST_F(PlotRosterTest, NoticesASelectionThatChangesBehindItsPlotsBack)
     ASSERT_TRUE(selectedOf(roster).empty());
     rows->InsertNextValue(0);
     EXPECT_EQ(selectedOf(roster), (std::vector<const vtkPlot*> {upper}));
+}
+
+TEST_F(PlotRosterTest, AmongManyPlotsLooksForTheirPointsOnlyWhenItIsTold)
+{
+    std::vector<vtkSmartPointer<PlotLine>> crowd;
+    for (int i = 0; i < 300; ++i) {
+        crowd.push_back(vtkSmartPointer<PlotLine>::New());
+        setPoint(crowd.back(), 30, 40);
+        filled->AddItem(crowd.back());
+    }
+    ASSERT_EQ(topmost()->plot, upper.Get());
+    setPoint(crowd.back(), 3, 4);
+    EXPECT_EQ(topmost()->plot, upper.Get());
+    roster.pointsChanged();
+    EXPECT_EQ(topmost()->plot, crowd.back().GetPointer());
+}
+
+Shape boxAround(double x, double y)
+{
+    Shape box;
+    box.addLine({x - 1, y - 1}, {x + 1, y - 1});
+    box.addLine({x + 1, y - 1}, {x + 1, y + 1});
+    box.addLine({x + 1, y + 1}, {x - 1, y + 1});
+    box.addLine({x - 1, y + 1}, {x - 1, y - 1});
+    return box;
+}
+
+class PlotRosterShapes : public PlotRosterTest {
+protected:
+    PlotRosterShapes()
+    {
+        lower->shape = &low;
+        upper->shape = &high;
+    }
+
+    /** The plots whose shapes are met at (3, 4); `change` is made at the first. */
+    template <class Change> std::vector<const Plot*> met(Change change)
+    {
+        std::vector<const Plot*> parts;
+        roster.visitShapes(0, Point(3, 4), [&](const Plot& part) {
+            parts.push_back(&part);
+            if (parts.size() == 1)
+                change();
+        });
+        return parts;
+    }
+
+    using Parts = std::vector<const Plot*>;
+    Shape low = boxAround(3, 4);
+    Shape high = boxAround(30, 40);
+};
+
+TEST_F(PlotRosterShapes, AreMetWhereTheyMayContainThePlace)
+{
+    EXPECT_EQ(met([] {}), (Parts {lower}));
+    high = boxAround(3, 4);
+    EXPECT_EQ(met([] {}), (Parts {lower, upper}));
+}
+
+TEST_F(PlotRosterShapes, ThatAreChangedOnTheWayAreMetAsTheyAreThen)
+{
+    EXPECT_EQ(met([this] { high = boxAround(3, 4); }), (Parts {lower, upper}));
+    EXPECT_EQ(met([this] { upper->shape = nullptr; }), (Parts {lower}));
+}
+
+TEST_F(PlotRosterShapes, ThatWereMovedAwayAreMetAnywhere)
+{
+    const Shape taken = std::move(high); // its outline cannot be known
+    EXPECT_EQ(met([] {}), (Parts {lower, upper}));
 }
 
 } // namespace
