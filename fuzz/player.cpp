@@ -39,7 +39,7 @@ void Player::play(Deal& deal)
 void Player::step(Deal& deal)
 {
     const int kind = deal.below(16);
-    if (kind < share) {
+    if (kind < pace.calls) {
         call(deal);
         count(1);
     } else if (kind < 15) {
@@ -52,25 +52,14 @@ void Player::step(Deal& deal)
 
 void Player::changeSurroundings(Deal& deal)
 {
-    switch (deal.below(12)) {
-    case 0:
-    case 1:
-    case 2:
-    case 3:
-    case 4:
-    case 5:
+    const int kind = deal.below(12);
+    if (kind < pace.repaints) {
         rig.render();
-        break;
-    case 6:
-    case 7:
+    } else if (kind == 6 || kind == 7) {
         rig.resize(rig.size(deal));
-        break;
-    case 8:
-    case 9:
-    case 10:
+    } else if (kind < 11) {
         QApplication::processEvents(); // the scene's timers among them
-        break;
-    default:
+    } else if (pace.makings == 1 || deal.below(pace.makings) == 0) {
         make(deal);
         rig.wake();
     }

@@ -9,13 +9,19 @@
 
 namespace ovl::fuzz {
 
+/** How often things happen that take their time in some views. */
+struct Pace {
+    int calls = 8; ///< of 16 steps; all but one of the others are the user's
+    int repaints = 6; ///< of 12 changes of the surroundings
+    int makings = 1; ///< every so often a view that is to be made anew is
+};
+
 /** A host of one view, which calls it as the bytes say but never against its rules. */
 class Player {
 public:
-    /** Of 16 steps, `callShare` are calls of the view and all but one of the others the user's. */
-    explicit Player(Rig& livingRig, int callShare = 8)
+    explicit Player(Rig& livingRig, const Pace& usualPace = {})
         : rig(livingRig)
-        , share(callShare)
+        , pace(usualPace)
     {
     }
     virtual ~Player() = default;
@@ -41,7 +47,7 @@ private:
     void step(Deal& deal);
     void changeSurroundings(Deal& deal);
 
-    int share;
+    Pace pace;
 };
 
 /** The player that this program is about. */

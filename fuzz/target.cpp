@@ -4,14 +4,21 @@
 
 #include <QApplication>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <random>
 
 namespace {
 
 ovl::fuzz::Rig* rig = nullptr; // lives as long as the program, as its application does
 
+/** To make and destroy a view takes as long as a hundred events: so it shall be worth it. */
+constexpr std::size_t kUsualSize = 16384;
+
 } // namespace
+
+extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t maxSize);
 
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
 {
@@ -34,4 +41,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (wanted && ovl::fuzz::Player::eventCount() >= std::atol(wanted))
         std::exit(0);
     return 0;
+}
+
+/** What the engine would do, and as many bytes more as an input should have. */
+extern "C" std::size_t LLVMFuzzerCustomMutator(
+    std::uint8_t* data, std::size_t size, std::size_t maxSize, unsigned seed)
+{
+    std::minstd_rand random(seed);
+    std::size_t mutated = LLVMFuzzerMutate(data, size, maxSize);
+    while (mutated < std::min(maxSize, kUsualSize))
+        data[mutated++] = static_cast<std::uint8_t>(random() >> 8U);
+    return mutated;
 }
