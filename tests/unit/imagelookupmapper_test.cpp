@@ -11,6 +11,7 @@
 #include <vtkPointData.h>
 #include <vtkSmartPointer.h>
 #include <vtkTrivialProducer.h>
+#include <vtkUnsignedCharArray.h>
 #include <vtkVariant.h>
 
 #include <cstring>
@@ -462,6 +463,27 @@ TEST(ImageLookupMapper, TheInputIsNeverWrittenToWhenSharingEnds)
     chain.expectSame("corrected");
     EXPECT_NE(chain.deferring->GetOutput()->GetScalarPointer(), image->GetScalarPointer());
     EXPECT_TRUE(bytesOf(image) == before);
+}
+
+TEST(ImageLookupMapper, MemoryThatTheInputHasLeftIsNotWrittenTo)
+{
+    auto table = makeTable(0, 1000);
+    Chain chain(table);
+    auto image = makeImage(typeOf(VTK_UNSIGNED_CHAR), 1);
+    Bytes hosts = bytesOf(image);
+    const Bytes before = hosts;
+    auto samples = vtkSmartPointer<vtkUnsignedCharArray>::New();
+    samples->SetVoidArray(hosts.data(), static_cast<vtkIdType>(hosts.size()), 1);
+    image->GetPointData()->SetScalars(samples);
+    samples = nullptr;
+    chain.show(image);
+    chain.expectSame("shared");
+    image->DeepCopy(makeImage(typeOf(VTK_UNSIGNED_CHAR), 1, 2));
+    for (auto* correction : {chain.deferring.Get(), chain.usual.Get()})
+        correction->setOutputScalarTypeToUnsignedChar();
+    chain.show(image);
+    chain.expectSame("the next one");
+    EXPECT_TRUE(hosts == before) << "only the output of the frame before still knew of it";
 }
 
 TEST(ImageLookupMapper, FallsBackWhereTheBaseClassIsNeededBehindADeferredShift)

@@ -200,6 +200,14 @@ TEST_F(PlotRosterTest, FindsAPointWhereItIsAfterThePlotHasBuiltItAnew)
     EXPECT_EQ(topmost()->plot, upper.Get());
 }
 
+TEST_F(PlotRosterTest, FindsAPointThatHasComeFromAfar)
+{
+    setPoint(upper, 300, 400);
+    ASSERT_EQ(topmost()->plot, lower.Get());
+    setPoint(upper, 3, 4);
+    EXPECT_EQ(topmost()->plot, upper.Get());
+}
+
 TEST_F(PlotRosterTest, RejectsNoPlotThatWouldAnswer)
 {
     // Against the plots themselves, in steps much finer than the rounding of their coordinates.

@@ -122,6 +122,11 @@ std::vector<Change> changes()
         change("a handle moved", [=](auto& boxes) { setCell(boxes.markers[2], 0, 80.0); }),
         change("not a number", [=](auto& boxes) { setCell(boxes.lines[2], 1, kNan); }),
         change("a handle not a number", [=](auto& boxes) { setCell(boxes.markers[1], 1, kNan); }),
+        change("an end without a beginning",
+            [](auto& boxes) {
+                boxes.lines[2]->GetInput()->RemoveRow(7);
+                boxes.lines[2]->GetInput()->Modified();
+            }),
         change("hidden", [](auto& boxes) { boxes.lines[1]->SetVisible(false); }),
         change("coloured", [](auto& boxes) { boxes.lines[3]->SetColor(255, 0, 0, 255); }),
         change("translucent",

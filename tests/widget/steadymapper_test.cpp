@@ -137,6 +137,12 @@ public:
                 }},
             {"lost buffers", [this] { probe.mapper()->ReleaseGraphicsResources(this->window()); }},
             {"the frame after", [this] { frame(slope); }},
+            {"buffers made of one point",
+                [this] {
+                    probe.mapper()->ReleaseGraphicsResources(this->window());
+                    frame(slope, 0.0, 5.0);
+                }},
+            {"spread out of it", [this] { frame(slope); }},
         };
     }
 
