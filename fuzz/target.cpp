@@ -16,6 +16,13 @@ ovl::fuzz::Rig* rig = nullptr; // lives as long as the program, as its applicati
 /** To make and destroy a view takes as long as a hundred events: so it shall be worth it. */
 constexpr std::size_t kUsualSize = 16384;
 
+/** The window system must not be left by a program that still has windows. */
+[[noreturn]] void leave()
+{
+    std::fprintf(stderr, "events in all: %ld\n", ovl::fuzz::Player::eventCount());
+    std::_Exit(0);
+}
+
 } // namespace
 
 extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t maxSize);
@@ -26,10 +33,7 @@ extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
     new QApplication(*argc, *argv);
     ovl::fuzz::silenceMessages();
     rig = new ovl::fuzz::Rig;
-    std::atexit([] {
-        std::fprintf(stderr, "events in all: %ld\n", ovl::fuzz::Player::eventCount());
-        std::_Exit(0); // the window system must not be left by a program that still has windows
-    });
+    std::atexit(leave);
     return 0;
 }
 
@@ -39,7 +43,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // The engine counts inputs; what counts for us is how much they said.
     static const char* const wanted = std::getenv("OVL_FUZZ_EVENTS");
     if (wanted && ovl::fuzz::Player::eventCount() >= std::atol(wanted))
-        std::exit(0);
+        leave(); // the engine would take another way out for a finding
     return 0;
 }
 
