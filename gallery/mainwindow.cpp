@@ -126,6 +126,7 @@ void MainWindow::connectPage(int index)
     connect(shown, &Page::maximiseWanted, this,
         [this, index] { showPage(alone == kAll ? index : kAll); });
     connect(shown, &Page::pointedAt, this, [this, index] { pointAt(index); });
+    connect(shown, &Page::sourceChanged, this, &MainWindow::updateFileActions);
     connect(shown, &Page::pointerLeft, this, [this] { tellPlace({}); });
     connect(shown, &Page::frameTaken, this, [this, index] {
         if (index == pointed)
@@ -179,11 +180,13 @@ void MainWindow::connectOpener()
     connect(job, &JobBar::cancelWanted, opener, &FileOpener::cancel);
     connect(opener, &FileOpener::started, job,
         [this](const QString& name) { job->begin(tr("Opening %1").arg(name)); });
+    connect(opener, &FileOpener::started, this, &MainWindow::updateFileActions);
     connect(opener, &FileOpener::progressed, job, &JobBar::setShare);
     connect(opener, &FileOpener::opened, this, &MainWindow::takeOpened);
     connect(opener, &FileOpener::failed, this, &MainWindow::tellProblem);
     connect(opener, &FileOpener::finished, this, [this] {
         job->end();
+        updateFileActions();
         Q_EMIT openingFinished();
     });
 }

@@ -92,6 +92,7 @@ private:
     void addViewMenu();
     void addScannerMenu();
     void updateRecent();
+    void updateFileActions();
 
     void activate(int index);
     void backToScanner();
@@ -133,6 +134,10 @@ private:
     QLabel* fileLabel = nullptr;
     QLabel* rates = nullptr;
     QMenu* recent = nullptr;
+    QAction* nextFile = nullptr;
+    QAction* previousFile = nullptr;
+    QAction* cancelOpening = nullptr;
+    QAction* leaveFiles = nullptr;
     QTimer rateTimer;
 };
 

@@ -12,6 +12,8 @@
 #include <QKeySequence>
 #include <QMenuBar>
 
+#include <algorithm>
+
 namespace ovl::gallery {
 namespace {
 
@@ -33,17 +35,31 @@ void MainWindow::addFileMenu()
     QMenu* menu = menuBar()->addMenu(tr("&File"));
     addAction(menu, tr("&Open..."), QKeySequence::Open, [this] { chooseFiles(); });
     recent = menu->addMenu(tr("Open &recent"));
-    addAction(menu, tr("&Next file"), tr("Alt+Right"), [this] { openNeighbour(files.next()); });
-    addAction(
+    nextFile = addAction(
+        menu, tr("&Next file"), tr("Alt+Right"), [this] { openNeighbour(files.next()); });
+    previousFile = addAction(
         menu, tr("&Previous file"), tr("Alt+Left"), [this] { openNeighbour(files.previous()); });
     addExampleMenu(menu->addMenu(tr("&Examples")));
-    addAction(menu, tr("&Cancel opening"), tr("Esc"), [this] { opener->cancel(); });
-    addAction(menu, tr("&Back to the scanner"), tr("Ctrl+B"), [this] { backToScanner(); });
+    cancelOpening = addAction(menu, tr("&Cancel opening"), tr("Esc"), [this] { opener->cancel(); });
+    leaveFiles
+        = addAction(menu, tr("&Back to the scanner"), tr("Ctrl+B"), [this] { backToScanner(); });
     menu->addSeparator();
     addAction(menu, tr("&Save picture..."), QKeySequence::Save, [this] { savePicture(); });
     menu->addSeparator();
     addAction(menu, tr("&Quit"), tr("Ctrl+Q"), [this] { close(); });
     updateRecent();
+    updateFileActions();
+}
+
+/** What there is nothing to do for is grey. */
+void MainWindow::updateFileActions()
+{
+    nextFile->setEnabled(!files.next().isEmpty());
+    previousFile->setEnabled(!files.previous().isEmpty());
+    cancelOpening->setEnabled(opener->isBusy());
+    leaveFiles->setEnabled(opener->isBusy()
+        || std::any_of(pages.begin(), pages.end(),
+            [](const Entry& entry) { return entry.page->showsFile(); }));
 }
 
 void MainWindow::addExampleMenu(QMenu* menu)

@@ -12,6 +12,8 @@
 #include <QPushButton>
 #include <QUrl>
 
+#include <stdexcept>
+
 using namespace ovl::gallery;
 
 namespace {
@@ -27,6 +29,14 @@ protected:
     }
 
     JobBar& job() { return *window.findChild<JobBar*>(); }
+
+    QAction& action(const char* keys)
+    {
+        for (QAction* each : window.findChildren<QAction*>())
+            if (each->shortcut() == QKeySequence(keys))
+                return *each;
+        throw std::invalid_argument(keys);
+    }
 
     void drop(const QList<QUrl>& urls)
     {
@@ -74,14 +84,23 @@ TEST_F(Files, NextAndPreviousWalkThroughThem)
 {
     ASSERT_TRUE(open({writeImage(), write("b.pgm", "P5\n2 1\n255\nab")}));
     EXPECT_TRUE(page("image").source().startsWith("b.pgm"));
-    QAction* next = nullptr;
-    for (QAction* action : window.findChildren<QAction*>())
-        if (action->shortcut() == QKeySequence("Alt+Right"))
-            next = action;
-    ASSERT_NE(next, nullptr);
-    next->trigger();
+    action("Alt+Right").trigger();
     ASSERT_TRUE(QTest::qWaitFor([this] { return !window.isOpening(); }, kPatience));
     EXPECT_TRUE(page("image").source().startsWith("a.pgm")) << "round and round";
+}
+
+TEST_F(Files, WhatThereIsNothingToDoForIsGrey)
+{
+    for (const char* keys : {"Alt+Right", "Alt+Left", "Esc", "Ctrl+B"})
+        EXPECT_FALSE(action(keys).isEnabled()) << keys;
+    window.open({writeImage(), write("b.pgm", "P5\n2 1\n255\nab")});
+    EXPECT_TRUE(action("Esc").isEnabled());
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !window.isOpening(); }, kPatience));
+    EXPECT_FALSE(action("Esc").isEnabled());
+    for (const char* keys : {"Alt+Right", "Alt+Left", "Ctrl+B"})
+        EXPECT_TRUE(action(keys).isEnabled()) << keys;
+    action("Ctrl+B").trigger();
+    EXPECT_FALSE(action("Ctrl+B").isEnabled());
 }
 
 TEST_F(Files, AnImageIsFromNoCameraAndOneLeadsBack)
@@ -222,9 +241,7 @@ TEST_F(Files, ExamplesAreShownLikeFilesAndTheScannerComesBack)
     }
     for (const char* name : {"image", "profile", "cloud", "surface"})
         EXPECT_TRUE(page(name).showsFile()) << name;
-    for (QAction* action : window.findChildren<QAction*>())
-        if (action->shortcut() == QKeySequence("Ctrl+B"))
-            action->trigger();
+    action("Ctrl+B").trigger();
     for (const char* name : {"image", "profile", "cloud", "surface"})
         EXPECT_FALSE(page(name).showsFile()) << name;
 }
