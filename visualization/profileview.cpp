@@ -75,11 +75,13 @@ void ProfileView::Private::buildPlots(int count)
 {
     OVL_PRECONDITION("ProfileView::ProfileView", count > 0, count);
     columns.clear();
+    cells.clear();
     plots.clear();
     numberOfCols = count;
     for (int i = 0; i < count; ++i) {
         const auto column = Column::New();
         columns.push_back(column);
+        cells.push_back(nullptr);
         // Named before it is added: a column of the same name would be replaced.
         column->SetName(QString("plot%1").arg(i).toLatin1().constData());
         table->AddColumn(column);
@@ -177,9 +179,11 @@ void ProfileView::setNumberOfValues(int count)
 {
     OVL_PRECONDITION("ProfileView::setNumberOfValues", count >= 0, count);
     d->numberOfValues = count;
-    for (const Private::Column& column : d->columns) {
+    for (std::size_t i = 0; i < d->columns.size(); ++i) {
+        const Private::Column& column = d->columns[i];
         column->Reset();
         column->SetNumberOfTuples(std::max(count, 0));
+        d->cells[i] = column->GetPointer(0);
     }
 }
 

@@ -89,7 +89,7 @@ public:
     {
         const bool inside
             = column >= 0 && column < numberOfCols && row >= 0 && row < numberOfValues;
-        return inside ? columns[static_cast<std::size_t>(column)]->GetPointer(row) : nullptr;
+        return inside ? cells[static_cast<std::size_t>(column)] + row : nullptr;
     }
     /** Null for a column out of range, which stops a debug build. */
     vtkTypeFloat64Array* column(const char* operation, int index) const;
@@ -131,6 +131,7 @@ public:
     vtkSmartPointer<ChartXY> chart = vtkSmartPointer<ChartXY>::New();
     vtkSmartPointer<vtkTable> table = vtkSmartPointer<vtkTable>::New();
     std::vector<Column> columns; // those of `table`
+    std::vector<double*> cells; // the memory of each of them, which only setNumberOfValues() moves
     std::vector<vtkPlot*> plots; // one for each column, the chart's
     std::unique_ptr<ChartCallbacks> callbacks = std::make_unique<ChartCallbacks>();
     std::vector<Shape> shapes;
