@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Hit tests of shapes, which a chart makes for every shape at every mouse move.
+// Hit tests of shapes, which a chart makes for a shape under the mouse at every move. The size is
+// in lines of one shape, or in shapes.
 #include <visualization/line.h>
 #include <visualization/point.h>
 #include <visualization/range.h>
@@ -33,7 +34,7 @@ Shape outline(std::int64_t lines)
     return shape;
 }
 
-void BM_InsidePolygon_ByShape(benchmark::State& state)
+void insidePolygon(benchmark::State& state)
 {
     Shape shape = outline(state.range(0));
     const Point point(500.0, 500.0);
@@ -41,10 +42,9 @@ void BM_InsidePolygon_ByShape(benchmark::State& state)
         benchmark::DoNotOptimize(shape.insidePolygon(point));
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
-BENCHMARK(BM_InsidePolygon_ByShape)->Arg(4)->Arg(1000)->Arg(100000);
 
 /** The same count with the public operations of a line. */
-void BM_InsidePolygon_ByLines(benchmark::State& state)
+void crossingsOfLines(benchmark::State& state)
 {
     Shape shape = outline(state.range(0));
     const Point point(500.0, 500.0);
@@ -57,9 +57,8 @@ void BM_InsidePolygon_ByLines(benchmark::State& state)
     }
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
-BENCHMARK(BM_InsidePolygon_ByLines)->Arg(4)->Arg(1000)->Arg(100000);
 
-void BM_CloseToLine_ByShape(benchmark::State& state)
+void closeToLine(benchmark::State& state)
 {
     Shape shape = outline(state.range(0));
     shape.setXAxisRange(Range(0.0, 1000.0));
@@ -69,10 +68,9 @@ void BM_CloseToLine_ByShape(benchmark::State& state)
         benchmark::DoNotOptimize(shape.closeToLine(point));
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
-BENCHMARK(BM_CloseToLine_ByShape)->Arg(4)->Arg(1000)->Arg(100000);
 
-/** One mouse move over many boxes, a hundredth of the chart high each. */
-void BM_MouseMove_OverBoxes(benchmark::State& state)
+/** Many boxes, a hundredth of the chart high each. */
+void insideBoxes(benchmark::State& state)
 {
     std::mt19937 random(1);
     std::uniform_real_distribution<double> coordinate(0.0, 1000.0);
@@ -93,7 +91,21 @@ void BM_MouseMove_OverBoxes(benchmark::State& state)
     }
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
-BENCHMARK(BM_MouseMove_OverBoxes)->Arg(100)->Arg(10000)->Unit(benchmark::kMicrosecond);
+
+void lines(benchmark::internal::Benchmark* measurement)
+{
+    measurement->Arg(4)->Arg(1000)->Arg(100000);
+}
+
+BENCHMARK(insidePolygon)->Name("BM_InsidePolygon/ovl")->Apply(lines);
+BENCHMARK(crossingsOfLines)->Name("BM_InsidePolygon/lines")->Apply(lines);
+BENCHMARK(closeToLine)->Name("BM_CloseToLine/ovl")->Apply(lines);
+BENCHMARK(insideBoxes)
+    ->Name("BM_InsideBoxes/ovl")
+    ->Arg(100)
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Unit(benchmark::kMicrosecond);
 
 } // namespace
 
