@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
+#include "spacepeers.h"
 #include "spacerig.h"
 #include "spacestock.h"
 #include <visualization/pointcloudview.h>
@@ -47,5 +48,8 @@ int main(int argc, char** argv)
     bench::addHover<bench::EmptyRig>("Cloud", "floor");
     bench::addAll<CloudRig>("Cloud", "ovl");
     bench::addAll<bench::StockCloudRig>("Cloud", "stock");
+#ifdef OVL_HAVE_DATAVISUALIZATION
+    bench::addFrames<bench::ScatterRig>("Cloud", "datavisualization");
+#endif
     return bench::run(argc, argv);
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
+#include "spacepeers.h"
 #include "spacerig.h"
 #include "spacestock.h"
 #include <visualization/surfaceview.h>
@@ -45,5 +46,8 @@ int main(int argc, char** argv)
     bench::addHover<bench::EmptyRig>("Surface", "floor");
     bench::addAll<SurfaceRig>("Surface", "ovl");
     bench::addAll<bench::StockSurfaceRig>("Surface", "stock");
+#ifdef OVL_HAVE_DATAVISUALIZATION
+    bench::addFrames<bench::HeightsRig>("Surface", "datavisualization");
+#endif
     return bench::run(argc, argv);
 }
