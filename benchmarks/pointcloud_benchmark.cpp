@@ -51,5 +51,8 @@ int main(int argc, char** argv)
 #ifdef OVL_HAVE_DATAVISUALIZATION
     bench::addFrames<bench::ScatterRig>("Cloud", "datavisualization");
 #endif
+#ifdef OVL_HAVE_PCL
+    bench::addFrames<bench::PclRig>("Cloud", "pcl");
+#endif
     return bench::run(argc, argv);
 }

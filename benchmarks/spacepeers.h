@@ -6,6 +6,13 @@
 
 #include "spacerig.h"
 
+namespace ovl::bench {
+
+/** Samples of a pixel, as the window of the others has them by itself. */
+constexpr int kSmoothness = 4;
+
+} // namespace ovl::bench
+
 #ifdef OVL_HAVE_DATAVISUALIZATION
 #include <Q3DCamera>
 #include <Q3DScatter>
@@ -38,12 +45,10 @@ template <class Graph, class Series> struct DataVisualizationRig {
 
     void resize(int samples) { grid = Grid(samples); }
     void look() { }
-    /** The only way to draw at once, as smoothly as the others; it reads the picture back as well.
-     */
+    /** The only way to draw at once, as smoothly as the others; it reads the picture back too. */
     void render()
     {
-        const int samples = QSurfaceFormat::defaultFormat().samples();
-        const QImage picture = graph.renderToImage(samples, kPeerSize);
+        const QImage picture = graph.renderToImage(kSmoothness, kPeerSize);
         benchmark::DoNotOptimize(picture.constBits());
     }
     void turn()
@@ -100,6 +105,66 @@ struct HeightsRig
     void show() { series->dataProxy()->resetArray(rows); } // takes it
 
     QtDataVisualization::QSurfaceDataArray* rows = nullptr;
+};
+
+} // namespace ovl::bench
+#endif
+
+#ifdef OVL_HAVE_PCL
+#include <pcl/point_cloud.h>
+#include <pcl/point_types.h>
+#include <pcl/visualization/pcl_visualizer.h>
+
+namespace ovl::bench {
+
+/** The viewer of the Point Cloud Library, in a window of its own, coloured by the value. */
+class PclRig {
+public:
+    explicit PclRig(int samples)
+    {
+        viewer.setSize(800, 600);
+        viewer.getRenderWindow()->SetMultiSamples(kSmoothness);
+        resize(samples);
+    }
+
+    void resize(int samples)
+    {
+        grid = Grid(samples);
+        cloud->resize(static_cast<std::size_t>(grid.size()));
+    }
+
+    void fill(int frame)
+    {
+        eachSample(grid, frame, [this](int index, double x, double y, double z, double value) {
+            pcl::PointXYZI& point = (*cloud)[static_cast<std::size_t>(index)];
+            point.x = static_cast<float>(x);
+            point.y = static_cast<float>(y);
+            point.z = static_cast<float>(z);
+            point.intensity = static_cast<float>(value);
+        });
+    }
+
+    void show()
+    {
+        const pcl::visualization::PointCloudColorHandlerGenericField<pcl::PointXYZI> colors(
+            cloud, "intensity");
+        if (!viewer.updatePointCloud<pcl::PointXYZI>(cloud, colors))
+            viewer.addPointCloud<pcl::PointXYZI>(cloud, colors);
+    }
+
+    void look() { viewer.resetCamera(); }
+    void render() { viewer.getRenderWindow()->Render(); }
+    void turn()
+    {
+        vtkRenderer* renderer = viewer.getRendererCollection()->GetFirstRenderer();
+        renderer->GetActiveCamera()->Azimuth(1.0);
+        renderer->ResetCameraClippingRange();
+    }
+
+private:
+    Grid grid {1};
+    pcl::PointCloud<pcl::PointXYZI>::Ptr cloud {new pcl::PointCloud<pcl::PointXYZI>};
+    pcl::visualization::PCLVisualizer viewer {"cloud"};
 };
 
 } // namespace ovl::bench

@@ -248,21 +248,22 @@ inline int mostSamples()
     return given ? most : 1000000;
 }
 
-inline benchmark::internal::Benchmark* add(
-    const std::string& path, const char* who, Measurement measurement, benchmark::TimeUnit unit)
+inline benchmark::internal::Benchmark* add(const std::string& path, const char* who,
+    Measurement measurement, benchmark::TimeUnit unit, int most = mostSamples())
 {
     const std::string name = "BM_" + path + '/' + who;
     return benchmark::RegisterBenchmark(name.c_str(), measurement)
         ->RangeMultiplier(10)
-        ->Range(std::min(10000, mostSamples()), mostSamples())
+        ->Range(std::min(10000, most), most)
         ->Unit(unit);
 }
 
 /** Where rendering takes part the driver's threads are counted too. */
-template <class Rig> void addFrames(const std::string& view, const char* who)
+template <class Rig>
+void addFrames(const std::string& view, const char* who, int most = mostSamples())
 {
     const auto add = [&](const char* path, Measurement measurement) {
-        ovl::bench::add(view + path, who, measurement, benchmark::kMillisecond)
+        ovl::bench::add(view + path, who, measurement, benchmark::kMillisecond, most)
             ->MeasureProcessCPUTime();
     };
     add("Stream", stream<Rig>);
