@@ -4,9 +4,9 @@
 find_package(GTest REQUIRED)
 find_package(Qt5 REQUIRED COMPONENTS Test)
 
-set(ovl_test_timeout 120)
+set(ovl_test_timeout 300)
 if(OVL_SANITIZER MATCHES "address")
-  set(ovl_test_timeout 300)
+  set(ovl_test_timeout 900)
 elseif(OVL_SANITIZER MATCHES "thread")
   set(ovl_test_timeout 1800)
 endif()

@@ -18,6 +18,7 @@
 #include <map>
 
 using namespace ovl::gallery;
+using ovl::test::kPatience;
 
 namespace {
 

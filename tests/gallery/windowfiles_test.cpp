@@ -15,6 +15,7 @@
 #include <stdexcept>
 
 using namespace ovl::gallery;
+using ovl::test::kPatience;
 
 namespace {
 
@@ -264,7 +265,7 @@ TEST_F(Memory, TheLayoutIsRestored)
         window.showPage(window.pageNamed("cloud"));
         window.scanner().setSpeed(55);
         window.show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window, kPatience));
         window.findChild<QDockWidget*>("settings")->hide();
         window.close();
     }

@@ -22,11 +22,11 @@
 
 namespace ovl::test {
 
+constexpr int kPatience = 30000; // ms; a busy machine is slow to show a window
+
 /** The gallery's window on the virtual screen, its scanner at rest, and a folder for files. */
 class GalleryFixture : public testing::Test {
 protected:
-    static constexpr int kPatience = 30000; // ms
-
     GalleryFixture() { window.scanner().setRunning(false); }
 
     gallery::Page& page(const char* name)
@@ -39,7 +39,7 @@ protected:
     {
         window.showPage(window.pageNamed(QString::fromLatin1(name)));
         window.show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window, kPatience));
         for (int index = 0; index < window.pageCount(); ++index) {
             hosting::AbstractViewWidget& shown = *window.page(index)->viewWidget();
             if (!shown.isVisible())

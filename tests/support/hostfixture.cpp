@@ -14,13 +14,18 @@
 #include <gtest/gtest.h>
 
 namespace ovl::test {
+namespace {
+
+constexpr int kPatience = 30000; // ms; a busy machine is slow to show a window
+
+} // namespace
 
 HostFixture::HostFixture(QSize size)
     : host(std::make_unique<compat::HostWidget>())
 {
     host->resize(size);
     host->show();
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(host.get()));
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(host.get(), kPatience));
 }
 
 HostFixture::~HostFixture() = default;
