@@ -377,7 +377,10 @@ void ChartXY::DragHandle(const RosterPlot& entry, int coordinate, double delta)
     vtkDataArray* y = columnOf(entry.plot, kY);
     if (!entry.plot->GetInteractive() || !shape || !entry.part->isHandle || !x || !y)
         return;
-    const vtkIdType row = entry.plot->GetSelection()->GetValue(0);
+    vtkIdTypeArray* selection = entry.plot->GetSelection();
+    if (!selection || selection->GetNumberOfTuples() == 0) // since an event within this one
+        return;
+    const vtkIdType row = selection->GetValue(0);
     if (row < 0 || row >= std::min(x->GetNumberOfTuples(), y->GetNumberOfTuples()))
         return;
     const Point grabbed(x->GetTuple1(row), y->GetTuple1(row));

@@ -183,6 +183,9 @@ bool PlotRoster::isCurrent()
 
 void PlotRoster::look()
 {
+    // A host that is called by an event may bring about another one.
+    if (events > 0)
+        former.push_back(std::move(known));
     known.clear();
     seen.clear();
     plotCount = 0;
@@ -254,6 +257,7 @@ const std::vector<std::size_t>& PlotRoster::shapesNear(const Point& position)
     if (areNearShapesKnown && nearAt == shapeChanges() && nearPlace.x == place.x
         && nearPlace.y == place.y)
         return nearShapes;
+    ++searches;
     nearShapes.clear();
     findShapes(place);
     sortNearShapes();
@@ -297,7 +301,7 @@ void PlotRoster::sortNearShapes()
             nearShapes.push_back(slot);
 }
 
-const std::vector<const RosterPlot*>& PlotRoster::dragTargets()
+std::vector<const RosterPlot*> PlotRoster::dragTargets()
 {
     corners();
     if (areTargetsKnown && targetsAt == Noted<bool>::changes())
@@ -338,7 +342,8 @@ PlotRoster::Event::Event(PlotRoster& roster)
 
 PlotRoster::Event::~Event()
 {
-    --owner.events;
+    if (--owner.events == 0)
+        owner.former.clear();
     owner.forgetAnswers();
 }
 

@@ -111,7 +111,10 @@ public:
     /** To be called whenever the corners or their items have changed. */
     void itemsChanged();
 
-    /** As their items are now. Good until the next call after one of them has changed. */
+    /**
+     * As their items are now. Good until the next call after one of them has changed; within an
+     * Event until that ends, whatever else happens meanwhile but that plots go.
+     */
     std::vector<RosterCorner>& corners();
 
     /** Keeps the plots' answers as long as it lives, that is for one event of the mouse. */
@@ -147,7 +150,8 @@ public:
     /**
      * Calls `visit` with each plot of the corner with that index whose shape may contain the
      * position, in their order. The position is in the units of the shapes. `visit` may change the
-     * shapes, and then meets the plots that come after it as they are then.
+     * shapes, and then meets the plots that come after it as they are then; it may also bring about
+     * another event, which looks for shapes elsewhere.
      */
     template <class Visit>
     void visitShapes(std::size_t cornerIndex, const Point& position, Visit visit)
@@ -156,10 +160,11 @@ public:
         const RosterCorner& corner = known[cornerIndex];
         const std::size_t end = corner.firstSlot + corner.plots.size();
         const std::uint64_t before = shapeChanges();
+        const std::uint64_t search = searches;
         auto slot = std::lower_bound(slots.begin(), slots.end(), corner.firstSlot);
         for (; slot != slots.end() && *slot < end; ++slot) {
             visit(*corner.plots[*slot - corner.firstSlot].part);
-            if (shapeChanges() != before) {
+            if (shapeChanges() != before || searches != search) {
                 visitRest(corner, *slot + 1 - corner.firstSlot, visit);
                 return;
             }
@@ -167,7 +172,7 @@ public:
     }
 
     /** The plots that are drag targets, in their order. */
-    const std::vector<const RosterPlot*>& dragTargets();
+    std::vector<const RosterPlot*> dragTargets();
 
     /** The plots that have selected rows, in their order. */
     std::vector<const RosterPlot*> selected();
@@ -212,6 +217,8 @@ private:
 
     const std::vector<vtkContextTransform*>& transforms;
     std::vector<RosterCorner> known;
+    std::vector<std::vector<RosterCorner>>
+        former; ///< that somebody may walk over until the event ends
     /**
      * Each corner and then its items, as they were found. Weak, since a new plot may come to lie
      * where one that has gone was.
@@ -228,6 +235,7 @@ private:
     Position nearPlace {0.0, 0.0};
     std::uint64_t nearAt = 0; ///< the state of the shapes that they were found in
     bool areNearShapesKnown = false;
+    std::uint64_t searches = 0; ///< how often they have been looked for
     std::vector<const RosterPlot*> targets;
     std::uint64_t targetsAt = 0;
     bool areTargetsKnown = false;

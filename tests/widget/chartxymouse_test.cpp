@@ -10,6 +10,7 @@
 #include <vtkTable.h>
 
 #include <gtest/gtest.h>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -946,6 +947,66 @@ TEST_F(ChartXYMouseShape, ASelectionBeyondTheHandlesResizesNothing)
         move(95, 49, kLeftButton);
     }
     EXPECT_EQ(calls, 0);
+}
+
+TEST_F(ChartXYMouseShape, ADragOfAHandleStandsAReleaseWithinIt)
+{
+    int along = 0;
+    shape.setXResizeCallback([&](const Point&, double) { release(95, 49); });
+    shape.setYResizeCallback([&](const Point&, double) { ++along; });
+    press(91, 51);
+    EXPECT_TRUE(move(95, 49, kLeftButton));
+    EXPECT_EQ(along, 0) << "nothing is selected any more";
+    EXPECT_EQ(selected(plots.handles), Rows {});
+}
+
+TEST_F(ChartXYMouseShape, ADragStandsGesturesWithinIt)
+{
+    Shape other;
+    addRectangle(other, 55, 55, 85, 85);
+    const ShapePlots otherPlots = show(&other, true, true, 1); // so that both corners have a target
+    render();
+    int moves = 0;
+    int otherMoves = 0;
+    shape.setXTranslationCallback([&](double) {
+        if (++moves > 1)
+            return;
+        release(67, 77);
+        press(60, 80);
+        move(61, 80, kLeftButton);
+        release(61, 80);
+    });
+    other.setXTranslationCallback([&](double) { ++otherMoves; });
+    press(60, 80);
+    ASSERT_TRUE(otherPlots.linesPart->dragTarget);
+    EXPECT_TRUE(move(67, 77, kLeftButton));
+    EXPECT_EQ(moves, 2);
+    EXPECT_EQ(otherMoves, 1) << "by the inner drag, which ended the outer one";
+    chart->ClearPlots();
+}
+
+TEST_F(ChartXYMouseShape, AReleaseStandsThatAShapeIsReplacedAndTheMouseMoves)
+{
+    Shape other;
+    addRectangle(other, 120, 20, 150, 60);
+    const ShapePlots otherPlots = show(&other, true, true, 1);
+    int otherReleased = 0;
+    other.setOnMouseReleaseCallback([&] { ++otherReleased; });
+    render();
+    move(60, 80); // so that the chart has looked at both shapes
+    const auto replaced = std::make_shared<bool>(false);
+    shape.setOnMouseReleaseCallback([this, replaced] {
+        if (std::exchange(*replaced, true))
+            return;
+        Shape empty;
+        std::swap(shape, empty);
+        move(5, 5);
+        std::swap(shape, empty);
+    });
+    EXPECT_FALSE(release(5, 5, kMiddleButton));
+    EXPECT_EQ(otherReleased, 2);
+    EXPECT_TRUE(otherPlots.linesPart->shape);
+    chart->ClearPlots();
 }
 
 TEST_F(ChartXYMouseShape, AnyReleaseTellsEveryShapeOfEveryCorner)

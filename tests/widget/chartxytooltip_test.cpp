@@ -480,6 +480,21 @@ TEST_F(ChartXYTooltipShapes, SeesTheShapesPointsAsTheyAreNow)
     EXPECT_FALSE(open->HoverDraggableShape(event(100, 100)));
 }
 
+TEST_F(ChartXYTooltipShapes, AMoveWithinAMoveDoesNotMakeTheOuterOneForgetShapes)
+{
+    // As a host does that lets further events come while it answers one.
+    int calls = 0;
+    first.setInsidePolygonCallback([&](const Point&) {
+        if (++calls == 1)
+            move(5, 5);
+        return false;
+    });
+    EXPECT_TRUE(move(100, 100));
+    EXPECT_EQ(cursors, (std::vector<CursorType> {CursorType::Default, CursorType::Move}));
+    EXPECT_EQ(tooltip(), "second");
+    EXPECT_TRUE(tooltipShown());
+}
+
 TEST_F(ChartXYTooltipShapes, TellsEveryShapeThatBeatsThoseBeforeItOfAPress)
 {
     struct Case {
