@@ -9,8 +9,9 @@ namespace ovl {
 
 namespace {
 
+/** Calls a copy: what is called may set another callback, or the whole shape, in its own place. */
 template <class Callback, class... Arguments>
-void callIfSet(const Callback& callback, Arguments&&... arguments)
+void callIfSet(Callback callback, Arguments&&... arguments) // NOLINT: it is to be copied
 {
     if (callback)
         callback(std::forward<Arguments>(arguments)...);
@@ -125,8 +126,8 @@ bool Shape::insidePolygon(const Point& point)
 
 QString Shape::tooltips(const Point& point)
 {
-    const Private& shape = contents("Shape::tooltips", d);
-    return shape.shapeTooltipCallback ? shape.shapeTooltipCallback(point) : QString();
+    const auto callback = contents("Shape::tooltips", d).shapeTooltipCallback;
+    return callback ? callback(point) : QString(); // of a copy too
 }
 
 void Shape::xTranslate(double distance)

@@ -10,6 +10,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <memory>
 #include <random>
 #include <string>
 #include <type_traits>
@@ -448,6 +449,63 @@ TEST(Shape, ALaterCallbackReplacesTheEarlier)
     shape.setOnMousePressCallback(nullptr);
     shape.onMousePress();
     EXPECT_EQ(second, 1);
+}
+
+/** Gives `shape` callbacks that each make `change` to it and look whether they are still there. */
+template <class Change> void changeWhenCalled(Shape& shape, int& outlived, Change change)
+{
+    const auto look = [&shape, &outlived, change, token = std::make_shared<int>(0)] {
+        int& count = outlived;
+        const std::weak_ptr<int> present = token;
+        change(shape);
+        count += present.expired() ? 0 : 1;
+    };
+    shape.setOnMousePressCallback(look);
+    shape.setOnMouseReleaseCallback(look);
+    shape.setXTranslationCallback([look](double) { look(); });
+    shape.setYTranslationCallback([look](double) { look(); });
+    shape.setXResizeCallback([look](const Point&, double) { look(); });
+    shape.setYResizeCallback([look](const Point&, double) { look(); });
+    shape.setShapeTooltipCallback([look](const Point&) {
+        look();
+        return QString();
+    });
+}
+
+TEST(Shape, ACallbackMayReplaceItsShape)
+{
+    const auto call = [](auto operation) {
+        int outlived = 0;
+        Shape shape;
+        changeWhenCalled(shape, outlived, [](Shape& changed) { changed = Shape(unitSquare()); });
+        operation(shape);
+        EXPECT_EQ(shape.numberOfLines(), 4);
+        return outlived;
+    };
+    EXPECT_EQ(call([](Shape& shape) { shape.onMousePress(); }), 1);
+    EXPECT_EQ(call([](Shape& shape) { shape.onMouseRelease(); }), 1);
+    EXPECT_EQ(call([](Shape& shape) { shape.xTranslate(1.0); }), 1);
+    EXPECT_EQ(call([](Shape& shape) { shape.yTranslate(1.0); }), 1);
+    EXPECT_EQ(call([](Shape& shape) { shape.xResize(Point(), 1.0); }), 1);
+    EXPECT_EQ(call([](Shape& shape) { shape.yResize(Point(), 1.0); }), 1);
+    EXPECT_EQ(call([](Shape& shape) { shape.tooltips(Point()); }), 1);
+}
+
+TEST(Shape, ACallbackMayTakeItselfAway)
+{
+    Shape shape;
+    bool outlived = false;
+    shape.setOnMousePressCallback([&shape, &outlived, token = std::make_shared<int>(0)] {
+        bool& answer = outlived;
+        const std::weak_ptr<int> present = token;
+        shape.setOnMousePressCallback(nullptr);
+        answer = !present.expired();
+    });
+    shape.onMousePress();
+    EXPECT_TRUE(outlived);
+    outlived = false;
+    shape.onMousePress();
+    EXPECT_FALSE(outlived);
 }
 
 TEST(Shape, AnInsideCallbackReplacesTheTestAltogether)
