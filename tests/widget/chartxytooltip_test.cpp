@@ -1,17 +1,22 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include <support/charteventfixture.h>
+#include <support/messagewatch.h>
 #include <visualization/line.h>
 #include <visualization/point.h>
+#include <visualization/vtkcompat.h>
 
 #include <vtkAnnotationLink.h>
 #include <vtkAxis.h>
+#include <vtkContextTransform.h>
 #include <vtkIdTypeArray.h>
+#include <vtkMatrix3x3.h>
 #include <vtkNew.h>
 #include <vtkPlot.h>
 #include <vtkSelection.h>
 #include <vtkSelectionNode.h>
 #include <vtkStringArray.h>
 #include <vtkTable.h>
+#include <vtkTransform2D.h>
 
 #include <QString>
 
@@ -19,6 +24,10 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <map>
+#include <memory>
+#include <random>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -27,6 +36,7 @@ namespace ovl {
 namespace {
 
 using test::ChartEventFixture;
+using test::MessageWatch;
 using test::ShapePlots;
 using Rows = std::vector<vtkIdType>;
 
@@ -626,6 +636,412 @@ TEST_F(ChartXYTooltipShapes, CannotBeStoppedByAShapeWithoutLines)
     EXPECT_FALSE(open->HoverDraggableShape(event(50, 50)));
     EXPECT_EQ(open->ShapeTooltip(event(50, 50)), "");
 }
+
+/** What is to be answered about a place, by asking each plot and shape of the chart in turn. */
+class EachInTurn {
+public:
+    EachInTurn(ChartEventFixture& fixture, const vtkContextMouseEvent& event)
+        : chart(fixture)
+        , mouse(event)
+        , position(shapePosition())
+    {
+    }
+
+    bool hitsInteractivePlot() const
+    {
+        return first(isVisible, [](vtkPlot* plot) { return plot->GetInteractive(); }).plot;
+    }
+
+    bool hitsHandlePlot() const
+    {
+        const auto counts = [](vtkPlot* plot) { return isVisible(plot) && plot->GetInteractive(); };
+        return first(counts, [](vtkPlot* plot) { return part(plot)->isHandle; }).plot;
+    }
+
+    bool hoversDraggableShape() const
+    {
+        bool inside = false;
+        for (int i = 0; i < chart.cornerCount(); ++i)
+            for (vtkPlot* plot : plotsOf(i))
+                inside = inside || (isCandidate(plot) && contains(plot));
+        return inside && !hitsHandlePlot();
+    }
+
+    /** Of the shapes that a press tells, the numbers. */
+    std::vector<int> told() const
+    {
+        std::vector<int> numbers;
+        climb(isCandidate, [&](vtkPlot* plot) {
+            numbers.push_back(part(plot)->shape->identifier());
+            return true;
+        });
+        return numbers;
+    }
+
+    std::set<vtkPlot*> picked() const
+    {
+        std::map<vtkObject*, vtkPlot*> winners; // of each corner
+        climb(isLineCandidate, [&](vtkPlot* plot) {
+            winners[plot->GetParent()] = plot;
+            return true;
+        });
+        std::set<vtkPlot*> plots;
+        for (const auto& [corner, plot] : winners)
+            plots.insert(plot);
+        return plots;
+    }
+
+    std::string shapeTooltip() const
+    {
+        std::string text;
+        climb(isLineCandidate, [&](vtkPlot* plot) {
+            const std::string own = part(plot)->shape->tooltips(position).toStdString();
+            text = own.empty() ? text : own;
+            return !own.empty();
+        });
+        return text;
+    }
+
+    struct Found {
+        vtkPlot* plot = nullptr;
+        vtkIdType row = -1;
+        vtkVector2f place {0, 0};
+        bool isInteractive = false;
+    };
+
+    Found located() const
+    {
+        const auto takesEvents
+            = [](vtkPlot* plot) { return isVisible(plot) && plot->GetInteractive(); };
+        const auto showsTooltip
+            = [](vtkPlot* plot) { return isVisible(plot) && part(plot)->tooltipVisible; };
+        for (int i = 0; isInside() && i < chart.cornerCount(); ++i) {
+            for (const bool interactive : {true, false}) {
+                Found found = interactive ? firstOf(i, takesEvents, isVisible)
+                                          : firstOf(i, showsTooltip, isVisible);
+                found.isInteractive = interactive;
+                if (found.plot)
+                    return found;
+            }
+        }
+        return {};
+    }
+
+private:
+    static Plot* part(vtkPlot* plot) { return ChartEventFixture::part(plot); }
+    static bool isVisible(vtkPlot* plot) { return plot->GetVisible(); }
+    static bool isCandidate(vtkPlot* plot)
+    {
+        return part(plot)->shape && (part(plot)->canDragX || part(plot)->canDragY);
+    }
+    static bool isLineCandidate(vtkPlot* plot)
+    {
+        return isCandidate(plot) && !part(plot)->isHandle;
+    }
+
+    bool isInside() const
+    {
+        const vtkVector2i at = mouse.GetScreenPos();
+        return at.GetX() > ChartEventFixture::kLeft && at.GetY() > ChartEventFixture::kBottom
+            && at.GetX() < ChartEventFixture::kLeft + ChartEventFixture::kWidth
+            && at.GetY() < ChartEventFixture::kBottom + ChartEventFixture::kHeight;
+    }
+
+    Point shapePosition() const
+    {
+        const double screen[2] = {double(mouse.GetScreenPos()[0]), double(mouse.GetScreenPos()[1])};
+        double place[2];
+        chart.corner(0)->GetTransform()->InverseTransformPoints(screen, place, 1);
+        return {place[0], place[1]};
+    }
+
+    std::vector<vtkPlot*> plotsOf(int corner) const
+    {
+        std::vector<vtkPlot*> plots;
+        for (vtkIdType i = 0; i < chart.corner(corner)->GetNumberOfItems(); ++i)
+            plots.push_back(vtkPlot::SafeDownCast(chart.corner(corner)->GetItem(i)));
+        return plots;
+    }
+
+    /** Asks by the lines, as nothing else is kept of a shape without a test of its own. */
+    bool contains(vtkPlot* plot) const { return part(plot)->shape->insidePolygon(position); }
+
+    template <class Candidate, class Take> void climb(Candidate isOne, Take take) const
+    {
+        for (int i = 0; i < chart.cornerCount(); ++i) {
+            int best = INT_MIN;
+            for (vtkPlot* plot : plotsOf(i))
+                if (isOne(plot) && contains(plot) && part(plot)->shape->priority() > best
+                    && take(plot))
+                    best = part(plot)->shape->priority();
+        }
+    }
+
+    template <class Counts, class Ends> Found firstOf(int corner, Counts counts, Ends ends) const
+    {
+        vtkTransform2D* transform = chart.corner(corner)->GetTransform();
+        vtkVector2f probe;
+        transform->InverseTransformPoints(mouse.GetPos().GetData(), probe.GetData(), 1);
+        const auto reach = [transform](int i) {
+            return static_cast<float>(std::fabs(5.0 / transform->GetMatrix()->GetElement(i, i)));
+        };
+        const std::vector<vtkPlot*> plots = plotsOf(corner);
+        for (auto plot = plots.rbegin(); plot != plots.rend(); ++plot) {
+            Found found {*plot, -1, {0, 0}};
+            vtkIdType segment = -1;
+            if (counts(*plot))
+                found.row = compat::nearestPoint(
+                    *plot, probe, vtkVector2f(reach(0), reach(1)), found.place, segment);
+            if (found.row >= 0 && ends(*plot))
+                return found;
+        }
+        return {};
+    }
+
+    template <class Counts, class Ends> Found first(Counts counts, Ends ends) const
+    {
+        for (int i = 0; isInside() && i < chart.cornerCount(); ++i)
+            if (const Found found = firstOf(i, counts, ends); found.plot)
+                return found;
+        return {};
+    }
+
+    ChartEventFixture& chart;
+    const vtkContextMouseEvent& mouse;
+    const Point position;
+};
+
+/** A chart of so many shapes, which changes in many ways between the questions. */
+class ChartXYTooltipRandom : public testing::TestWithParam<int>, public ChartEventFixture {
+protected:
+    ChartXYTooltipRandom()
+    {
+        for (int i = 0; i < GetParam(); ++i)
+            shapes.push_back(std::make_unique<Shape>());
+        for (int i = 0; i < GetParam(); ++i) {
+            *shapes[index(i)] = makeShape();
+            show(i);
+        }
+        addPlot(vtkChart::LINE, {20, 100, 180}, {30, 120, 60});
+        addPlot(vtkChart::BAR, {20, 60, 100}, {40, 80, 60});
+        render();
+    }
+
+    ~ChartXYTooltipRandom() override { chart->ClearPlots(); }
+
+    static std::size_t index(int i) { return static_cast<std::size_t>(i); }
+    int pick(int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); }
+    double place(int size) { return pick(2 * size + 40) / 2.0 - 10; }
+
+    Shape makeShape()
+    {
+        Shape shape;
+        const double x = place(kWidth), y = place(kHeight);
+        addRectangle(shape, x, y, x + pick(60), y + pick(60));
+        if (pick(5) == 0)
+            shape.addLine(Point(place(kWidth), y), Point(x, place(kHeight)));
+        shape.setIdentifier(++number);
+        shape.setPriority(pick(4) - 1);
+        const QString text = pick(4) == 0 ? QString() : QString::number(number);
+        shape.setShapeTooltipCallback([text](const Point&) { return text; });
+        shape.setOnMousePressCallback([this, told = number] { pressed.push_back(told); });
+        return shape;
+    }
+
+    void show(int i)
+    {
+        if (shapes[index(i)]->numberOfLines() == 0)
+            *shapes[index(i)] = makeShape(); // a plot without points complains when it is painted
+        const ShapePlots plots = ChartEventFixture::show(shapes[index(i)].get());
+        for (vtkPlot* both : {plots.lines, plots.handles})
+            both->SetLabel("p" + std::to_string(++number));
+    }
+
+    Shape& anyShape() { return *shapes[index(pick(GetParam()))]; }
+    vtkPlot* anyPlot() { return chart->GetPlot(pick(static_cast<int>(chart->GetNumberOfPlots()))); }
+
+    void changeShape()
+    {
+        Shape& shape = anyShape();
+        Line* line = shape.numberOfLines() > 0 ? shape.line(pick(shape.numberOfLines())) : nullptr;
+        switch (pick(line ? 12 : 5)) {
+        case 0:
+            shape = makeShape();
+            break;
+        case 1:
+            shape = Shape(makeShape());
+            break;
+        case 2:
+            std::swap(shape, anyShape());
+            break;
+        case 3:
+            shape.setInsidePolygonCallback([limit = place(kWidth)](const Point& at) {
+                return at.x() > limit && at.x() < limit + 3;
+            });
+            break;
+        case 4:
+            shape.addLine(Point(place(kWidth), 20), Point(20, place(kHeight)));
+            break;
+        case 5:
+            shape.clear();
+            break;
+        case 6:
+            line->p1()->setX(place(kWidth));
+            break;
+        case 7:
+            *line->p2() += Point(pick(20), -pick(20));
+            break;
+        case 8:
+            line->p1()->setVisible(!line->p1()->visible());
+            break;
+        case 9:
+            *line = Line(Point(place(kWidth), 30), Point(30, place(kHeight)));
+            break;
+        case 10:
+            std::swap(*line, *shape.line(pick(shape.numberOfLines())));
+            break;
+        default:
+            shape.setInsidePolygonCallback(nullptr);
+            break;
+        }
+    }
+
+    void changePlot()
+    {
+        vtkPlot* plot = anyPlot();
+        switch (pick(10)) {
+        case 0:
+            plot->SetVisible(!plot->GetVisible());
+            break;
+        case 1:
+            plot->SetInteractive(!plot->GetInteractive());
+            break;
+        case 2:
+            part(plot)->tooltipVisible = !part(plot)->tooltipVisible;
+            break;
+        case 3:
+            part(plot)->canDragX = part(plot)->canDragY = pick(3) > 0;
+            break;
+        case 4:
+            part(plot)->shape = pick(3) > 0 ? &anyShape() : nullptr;
+            break;
+        case 5:
+            chart->SetPlotCorner(plot, pick(4));
+            break;
+        case 6:
+            chart->LowerPlot(plot);
+            break;
+        case 7:
+            chart->StackPlotUnder(plot, anyPlot());
+            break;
+        case 8:
+            chart->RemovePlotInstance(plot);
+            show(pick(GetParam()));
+            break;
+        default:
+            if (plot->GetInput()->GetNumberOfRows() > 0)
+                plot->GetInput()->SetValue(0, pick(2), vtkVariant(place(kHeight)));
+            plot->Modified();
+            break;
+        }
+    }
+
+    void changeView()
+    {
+        const int axis = pick(4);
+        const bool horizontal = axis == vtkAxis::BOTTOM || axis == vtkAxis::TOP;
+        switch (pick(7)) {
+        case 0:
+            wheel(pick(3) - 1);
+            break;
+        case 1:
+            fixAxis(axis, 0, horizontal ? kWidth : kHeight);
+            break;
+        case 2:
+            fixAxis(axis, horizontal ? kWidth : kHeight, 0);
+            break;
+        case 3:
+            fixAxis(axis, 10000, 10100);
+            break;
+        case 4:
+            press(5, 5);
+            move(5 + pick(30), 5 + pick(30), vtkContextMouseEvent::LEFT_BUTTON);
+            release(5, 5);
+            break;
+        case 5:
+            fixAxis(axis, 5, 5);
+            break;
+        default:
+            fixAxis(axis, -20, 30);
+            break;
+        }
+        render();
+    }
+
+    void expectAsEachInTurn(const vtkContextMouseEvent& mouse)
+    {
+        const EachInTurn each(*this, mouse);
+        EXPECT_EQ(open->HitInteractivePlot(mouse), each.hitsInteractivePlot());
+        EXPECT_EQ(open->HitHandlePlot(mouse), each.hitsHandlePlot());
+        EXPECT_EQ(open->HoverDraggableShape(mouse), each.hoversDraggableShape());
+        EXPECT_EQ(open->ShapeTooltip(mouse), each.shapeTooltip());
+        pressed.clear();
+        open->PressShapes(mouse);
+        EXPECT_EQ(pressed, each.told());
+        const std::set<vtkPlot*> picked = each.picked();
+        EXPECT_EQ(open->PickShapeForDrag(mouse), !picked.empty());
+        EXPECT_EQ(targets(), picked);
+        expectLocated(mouse, each.located());
+        cursors.clear();
+        chart->MouseMoveEvent(mouse);
+        const CursorType shown
+            = each.hoversDraggableShape() ? CursorType::Move : CursorType::Default;
+        EXPECT_EQ(cursors, std::vector<CursorType> {shown});
+    }
+
+    void expectLocated(const vtkContextMouseEvent& mouse, const EachInTurn::Found& found)
+    {
+        raised.clear();
+        EXPECT_EQ(open->LocatePointInPlots(mouse, kInteraction), found.plot != nullptr);
+        ASSERT_EQ(raised.size(), found.isInteractive ? 1u : 0u);
+        if (found.isInteractive) {
+            EXPECT_EQ(raised[0].series, std::string(found.plot->GetLabel()));
+            EXPECT_EQ(raised[0].index, found.row);
+            EXPECT_EQ(raised[0].x, found.place.GetX());
+            EXPECT_EQ(raised[0].y, found.place.GetY());
+        }
+    }
+
+    std::set<vtkPlot*> targets()
+    {
+        std::set<vtkPlot*> plots;
+        for (vtkIdType i = 0; i < chart->GetNumberOfPlots(); ++i)
+            if (part(chart->GetPlot(i))->dragTarget)
+                plots.insert(chart->GetPlot(i));
+        return plots;
+    }
+
+    std::minstd_rand random {20211};
+    int number = 0;
+    std::vector<std::unique_ptr<Shape>> shapes;
+    std::vector<int> pressed;
+};
+
+TEST_P(ChartXYTooltipRandom, AnswersAsIfItAskedEachPlotAndShapeInTurn)
+{
+    MessageWatch::allow("vtkMath::Jacobi"); // where an axis has no range
+    for (int step = 0; step < 300 && !HasFailure(); ++step) {
+        SCOPED_TRACE(step);
+        for (int changes = pick(5); changes > 0; --changes)
+            pick(2) == 0 ? changeShape() : changePlot();
+        if (pick(20) == 0)
+            changeView();
+        for (int place = 0; place < 3; ++place)
+            expectAsEachInTurn(event(pick(2 * kWidth + 20) / 2.0 - 5, pick(2 * kHeight) / 2.0));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(AmongFewAndMany, ChartXYTooltipRandom, testing::Values(3, 20, 200));
 
 } // namespace
 } // namespace ovl
