@@ -173,15 +173,18 @@ void ProfileView::Private::append(Shape shape)
     shapes.push_back(std::move(shape));
 }
 
-/** The same, where the last place goes: plots that were drawn for it draw no shape any more. */
+/**
+ * The same, where the last place goes: plots that were drawn for it draw no shape any more, nor do
+ * those of a place that a removal has left unusable.
+ */
 void ProfileView::Private::eraseShape(std::size_t index)
 {
-    const Shape* last = &shapes.back();
-    forEachShapePart([last](Plot& part) {
-        if (part.shape == last)
+    eraseAt(shapes, index);
+    const Shape* end = shapes.data() + shapes.size();
+    forEachShapePart([end](Plot& part) {
+        if (part.shape == end || !isUsable(*part.shape))
             part.shape = nullptr;
     });
-    eraseAt(shapes, index);
 }
 
 void ProfileView::Private::update(std::size_t index, const Shape& shape)

@@ -9,10 +9,12 @@
 #include <visualization/shape.h>
 
 #include <vtkContextItem.h>
+#include <vtkContextMouseEvent.h>
 #include <vtkPen.h>
 #include <vtkPlot.h>
 #include <vtkPlotLine.h>
 #include <vtkPlotPoints.h>
+#include <vtkRenderWindow.h>
 #include <vtkSmartPointer.h>
 #include <vtkTable.h>
 
@@ -682,6 +684,40 @@ TEST_F(ProfileViewShapes, RemovingATitleThatSeveralEndWithTakesOne)
     f.view->removeShape("X");
     f.view->drawShapes();
     EXPECT_EQ(drawn(), "A0 B10 ");
+}
+
+TEST_F(ProfileViewShapes, TheMouseMayComeBetweenARemovalAndTheNextDrawing)
+{
+    struct Case {
+        const char* titles;
+        const char* removed;
+    };
+    const Case cases[] = {
+        {"ABC", "A"}, {"ABC", "C"}, {"XBXC", "X"}, // leaves one behind that cannot be used
+        {"XXBC", "X"}, // so does this
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.titles) + " without " + c.removed);
+        f.view->clearShape();
+        added = 0;
+        add(c.titles);
+        for (int i = 0; i < added; ++i)
+            f.view->shape(i)->setCanDragAlongX(true);
+        f.view->drawShapes();
+        f.render();
+        f.view->removeShape(QString(c.removed));
+        vtkContextMouseEvent mouse {};
+        mouse.SetInteractor(f.window()->GetInteractor());
+        mouse.SetButton(vtkContextMouseEvent::LEFT_BUTTON);
+        mouse.SetScreenPos(vtkVector2i(200, 150));
+        mouse.SetLastScreenPos(vtkVector2i(190, 150));
+        mouse.SetPos(vtkVector2f(200, 150));
+        mouse.SetScenePos(vtkVector2f(200, 150));
+        f.chart()->MouseButtonPressEvent(mouse);
+        f.chart()->MouseMoveEvent(mouse);
+        f.chart()->MouseButtonReleaseEvent(mouse);
+        f.chart()->MouseWheelEvent(mouse, 1);
+    }
 }
 
 TEST_F(ProfileViewShapes, ClearingTakesShapesAndPlotsAway)
