@@ -368,8 +368,11 @@ void PlotRoster::measurePoints()
 /** Leaves out only plots that would certainly answer that they have no point there. */
 const std::vector<std::size_t>& PlotRoster::near(RosterCorner& corner, const PointProbe& probe)
 {
-    if (events > 0 && corner.probed == serial && corner.probe == probe)
-        return corner.near;
+    if (events > 0 && corner.probed == serial) {
+        if (corner.probe == probe)
+            return corner.near;
+        forgetAnswers(); // they were given for another place
+    }
     measurePoints();
     constexpr float slack = 1.001F; // whichever way the plot rounds
     const float x = probe.tolerance.GetX() * slack;

@@ -288,6 +288,22 @@ TEST_F(PlotRosterTest, AsksAPlotOnceInAnEvent)
     EXPECT_EQ(topmost()->plot, lower.Get()) << "outside of events nothing is kept";
 }
 
+TEST_F(PlotRosterTest, AnswersForEachPlaceThatAnEventAsksAbout)
+{
+    setPoints(upper, {{3, 4}, {30, 40}});
+    const PlotRoster::Event event(roster);
+    const auto row = [this](float x, float y) {
+        const PointProbe probe(filled, at(x, y));
+        const RosterPlot* found = roster.topmost(roster.corners().front(), probe,
+            [this](const RosterPlot& entry) { return entry.plot == upper.Get(); });
+        return found ? found->nearest.row : -1;
+    };
+    EXPECT_EQ(row(106, 90), 0);
+    EXPECT_EQ(row(160, 450), 1);
+    EXPECT_EQ(row(106, 90), 0);
+    EXPECT_EQ(row(130, 250), -1);
+}
+
 TEST_F(PlotRosterTest, FindsPointsAmongMorePlotsThanLieInOneBlock)
 {
     std::vector<vtkSmartPointer<PlotLine>> many;
