@@ -628,7 +628,8 @@ void ChartXY::ClearPlotSelections()
     for (vtkPlot* plot : ChartPrivate->plots) {
         vtkIdTypeArray* present = plot->GetSelection();
         if (present && present->GetNumberOfTuples() == 0 && present->GetReferenceCount() == 1) {
-            plot->Modified(); // as if it had got another one
+            if (plot->GetSelectable())
+                plot->Modified(); // as if it had got another one
             continue;
         }
         const vtkNew<vtkIdTypeArray> none; // of its own: a selection may be shared

@@ -169,6 +169,26 @@ TEST_F(ChartXYMouse, APressOnAPointSelectsItAndRaisesTheSelectionEventTwice)
     EXPECT_EQ(selected(other), Rows {}) << "emptied";
 }
 
+TEST_F(ChartXYMouse, APressOnAPointGivesEveryPlotAnEmptySelectionThatCanHaveOne)
+{
+    addCurve();
+    vtkPlot* empty = addPlot(vtkChart::LINE, {20, 60}, {130, 130});
+    vtkPlot* fixed = addPlot(vtkChart::LINE, {20, 60}, {140, 140});
+    vtkPlot* chosen = addPlot(vtkChart::LINE, {20, 60}, {145, 145});
+    select(empty, {});
+    select(fixed, {});
+    select(chosen, {1});
+    fixed->SetSelectable(false);
+    render();
+    const vtkMTimeType times[] = {empty->GetMTime(), fixed->GetMTime(), chosen->GetMTime()};
+    press(100, 120);
+    for (vtkPlot* plot : {empty, fixed, chosen})
+        EXPECT_EQ(selected(plot), Rows {});
+    EXPECT_GT(empty->GetMTime(), times[0]);
+    EXPECT_EQ(fixed->GetMTime(), times[1]) << "nobody can give it another selection";
+    EXPECT_GT(chosen->GetMTime(), times[2]);
+}
+
 TEST_F(ChartXYMouse, ADragOfAPointEndsWithNothingSelected)
 {
     vtkPlot* curve = addCurve();
