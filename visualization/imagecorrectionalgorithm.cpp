@@ -33,6 +33,14 @@ bool hasSmallSamples(vtkImageData* image)
     return type == VTK_UNSIGNED_CHAR || type == VTK_SHORT || type == VTK_UNSIGNED_SHORT;
 }
 
+/** Whether the output will hold samples like the input's; that may be older than the settings. */
+bool isAnnouncedLike(vtkImageData* input, vtkInformation* output)
+{
+    return vtkImageData::GetScalarType(output) == input->GetScalarType()
+        && vtkImageData::GetNumberOfScalarComponents(output)
+        == input->GetNumberOfScalarComponents();
+}
+
 /** One piece of the output, what it is made from and how. */
 struct Piece {
     ImageCorrectionAlgorithm* filter;
@@ -324,7 +332,8 @@ int ImageCorrectionAlgorithm::RequestData(
     vtkImageData* const input = vtkImageData::GetData(inputVector[0]);
     vtkImageData* const output = vtkImageData::GetData(outputVector);
     d->unshare(output);
-    if (!d->mayDefer || !d->nothingButShifts(input))
+    if (!d->mayDefer || !d->nothingButShifts(input)
+        || !isAnnouncedLike(input, outputVector->GetInformationObject(0)))
         return Superclass::RequestData(request, inputVector, outputVector);
     d->share(input, output);
     return 1;

@@ -446,6 +446,28 @@ TEST(ImageLookupMapper, ADeferredShiftIsLeftAloneOnceThereIsANewImage)
     chain.expectSame("next");
 }
 
+TEST(ImageLookupMapper, AnOutputTypeThatWasAnnouncedBeforeTheSettingStands)
+{
+    auto table = makeTable(0, 1000);
+    for (int type : {VTK_SHORT, VTK_UNSIGNED_SHORT}) {
+        Chain chain(table);
+        chain.setShift(3);
+        for (auto* correction : {chain.deferring.Get(), chain.usual.Get()})
+            correction->setOutputScalarTypeToUnsignedChar();
+        chain.show(makeImage(typeOf(type), 1));
+        for (auto* correction : {chain.deferring.Get(), chain.usual.Get()}) {
+            correction->UpdateInformation();
+            correction->setOutputScalarType(-1);
+        }
+        chain.expectSame("bytes");
+        chain.expectSameCorrection("bytes");
+        EXPECT_EQ(chain.deferring->GetOutput()->GetScalarType(), VTK_UNSIGNED_CHAR);
+        chain.show(makeImage(typeOf(type), 1, 2));
+        chain.expectSame("the input's type");
+        EXPECT_EQ(chain.deferring->deferredShift(), 3);
+    }
+}
+
 TEST(ImageLookupMapper, TheInputIsNeverWrittenToWhenSharingEnds)
 {
     auto table = makeTable(0, 1000);

@@ -147,6 +147,19 @@ TEST_F(ImageViewLookupTable, TurningItOffShowsTheOldSamplesUntilTheNextDraw)
     EXPECT_EQ(samples[0], 0x0640) << "the host's memory is never written to";
 }
 
+TEST_F(ImageViewLookupTable, TurningItOnAfterAMoveShowsTheDrawnFrameAsItWasAnnounced)
+{
+    samples.assign(64, 0x012C); // 300, of which a byte keeps 44
+    f.draw(samples, 8, 1, 2);
+    f.render();
+    f.view->redraw();
+    f.move({150, 100}); // the pick asks what the frame will be like
+    f.view->enableLookupTable(true);
+    EXPECT_EQ(f.colorOf(4, 4), QColor(44, 44, 44)) << "the new type waits for the next draw";
+    f.view->redraw();
+    EXPECT_EQ(f.colorOf(4, 4), QColor(255, 255, 255));
+}
+
 TEST_F(ImageViewLookupTable, ABufferIsNotReadAnyMoreOnceAnotherWasDrawn)
 {
     auto first = std::make_unique<Words>(Words(64, 200));
