@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
+#include <support/coordinatesrecorder.h>
 #include <support/imagefixture.h>
+#include <support/literalimageview.h>
 #include <support/messagewatch.h>
 #include <visualization/imageview.h>
 #include <visualization/range.h>
@@ -14,9 +16,14 @@
 #include <cfloat>
 #include <gtest/gtest.h>
 #include <memory>
+#include <random>
+#include <string>
 
 using ovl::Range;
+using ovl::test::CoordinatesRecorder;
+using ovl::test::HostFixture;
 using ovl::test::ImageFixture;
+using ovl::test::LiteralImageView;
 using ovl::test::MessageWatch;
 
 namespace {
@@ -281,6 +288,208 @@ TEST_F(ImageViewLookupTable, ForcedColourBesideTheTableStaysInsideTheOutput)
     std::vector<unsigned char> colour(3 * 8, 40);
     f.draw(colour, 4, 3, 0);
     f.render();
+}
+
+/** The same calls, in an order that chance decides, on an image view and on the plainest one. */
+class ImageViewBesideThePlainest : public testing::Test {
+protected:
+    ImageViewBesideThePlainest()
+    {
+        // One sample a pixel: software rasterisers do not always blend the edge of an image.
+        for (HostFixture* host : {static_cast<HostFixture*>(&ourHost), &plainHost})
+            host->window()->SetMultiSamples(0);
+        draw();
+    }
+
+    int below(int end) { return static_cast<int>(random() % static_cast<unsigned>(end)); }
+
+    template <class Call> void both(const std::string& name, Call call)
+    {
+        log += name + "; ";
+        call(ours);
+        call(plain);
+    }
+
+    template <class Deed> void onBothHosts(const std::string& name, Deed deed)
+    {
+        log += name + "; ";
+        deed(static_cast<HostFixture&>(ourHost));
+        deed(plainHost);
+    }
+
+    void fill()
+    {
+        for (unsigned char& byte : *buffer)
+            byte = static_cast<unsigned char>(random());
+    }
+
+    /** A frame in memory of its own; that of the last one is gone at once. */
+    void draw()
+    {
+        constexpr std::array<std::array<int, 2>, 9> sizes
+            = {{{1, 1}, {1, 7}, {7, 1}, {0, 0}, {5, 4}, {5, 4}, {23, 17}, {64, 48}, {65, 48}}};
+        const std::array<int, 2> size = drawn ? sizes.at(below(9)) : sizes.back();
+        const int components = 1 + below(4) * below(2);
+        const int type = below(4);
+        auto next = std::make_unique<std::vector<unsigned char>>(
+            static_cast<std::size_t>(size[0] * size[1] * components) * (type == 3 ? 4 : 2) + 1);
+        next.swap(buffer);
+        fill();
+        both("draw " + std::to_string(size[0]) + "x" + std::to_string(size[1]) + "x"
+                + std::to_string(components) + " of " + std::to_string(type),
+            [&](auto& view) {
+                view.drawScene(buffer->data(), size[0], size[1], {components, type});
+            });
+        drawn = true;
+    }
+
+    void redraw()
+    {
+        if (below(2))
+            fill();
+        both("redraw", [](auto& view) { view.redraw(); });
+    }
+
+    void changeSetting()
+    {
+        switch (below(4)) {
+        case 0: {
+            const int shift = below(20) - 2;
+            return both("shift " + std::to_string(shift), [&](auto& v) { v.setShift(shift); });
+        }
+        case 1: {
+            const int index = below(8);
+            const int word = static_cast<int>(random());
+            return both("mask", [&](auto& view) { view.setMask(index, word); });
+        }
+        case 2: {
+            const bool force = below(3) == 0;
+            return both(force ? "force" : "unforce", [&](auto& v) { v.forceColor(force); });
+        }
+        default:
+            return both("reset", [](auto& view) { view.resetCamera(); });
+        }
+    }
+
+    void changeTable()
+    {
+        const bool on = below(2) != 0;
+        const QColor color(below(256), below(256), below(256));
+        switch (below(6)) {
+        case 0:
+        case 1:
+            return both(on ? "on" : "off", [&](auto& v) { v.enableLookupTable(on); });
+        case 2: {
+            const double least = below(2000) - 1000.0;
+            const Range range(least, least + below(3000));
+            return both("range", [&](auto& view) { view.setLookupTableRange(range); });
+        }
+        case 3:
+            return both("above", [&](auto& view) { view.setAboveRangeColor(color); });
+        case 4:
+            return both("below", [&](auto& view) { view.setBelowRangeColor(color); });
+        default:
+            return both("colours", [&](auto& view) {
+                view.enableAboveRangeColor(on);
+                view.enableBelowRangeColor(color.red() > 127);
+            });
+        }
+    }
+
+    QPointF place() { return {double(below(kWidth)), double(below(kHeight))}; }
+
+    void useTheMouse()
+    {
+        const QPointF from = place();
+        const QPointF to = place();
+        const bool forward = below(2) != 0;
+        const auto button = forward ? Qt::LeftButton : Qt::RightButton;
+        if (below(2))
+            onBothHosts("wheel", [&](HostFixture& host) { host.wheel(from, forward ? 1 : -1); });
+        else
+            onBothHosts("drag", [&](HostFixture& host) { host.drag(from, to, button, 2); });
+    }
+
+    void changeWindow()
+    {
+        if (below(2)) {
+            const QSize size(kWidth + below(60) - 30, kHeight + below(40) - 20);
+            return onBothHosts("resize", [&](HostFixture& host) { host.resize(size); });
+        }
+        onBothHosts("hide", [](HostFixture& host) {
+            host.widget()->hide();
+            host.widget()->show();
+        });
+    }
+
+    void compareMoves()
+    {
+        log += "moves; ";
+        for (int move = 0; move < 3; ++move) {
+            const QPointF at = place();
+            CoordinatesRecorder told;
+            ourHost.move(at);
+            const auto pixels = told.pixels;
+            const int cleared = told.cleared;
+            told.clear();
+            plainHost.move(at);
+            ASSERT_EQ(pixels, told.pixels) << log;
+            ASSERT_EQ(cleared, told.cleared) << log;
+        }
+    }
+
+    void compareRepaints()
+    {
+        log += "repaint; ";
+        ourHost.render();
+        plainHost.render();
+        ASSERT_TRUE(ourHost.picture() == plainHost.picture()) << log;
+    }
+
+    void step()
+    {
+        const int kind = below(20);
+        if (kind < 4)
+            draw();
+        else if (kind < 6)
+            redraw();
+        else if (kind < 9)
+            changeSetting();
+        else if (kind < 13)
+            changeTable();
+        else if (kind < 14)
+            useTheMouse();
+        else if (kind < 15)
+            changeWindow();
+        else if (kind < 17)
+            compareMoves();
+        else
+            compareRepaints();
+    }
+
+    static constexpr int kWidth = 120; // of the windows, pixels
+    static constexpr int kHeight = 90;
+
+    std::mt19937 random;
+    bool drawn = false;
+    std::string log;
+    std::unique_ptr<std::vector<unsigned char>> buffer;
+    ImageFixture ourHost {{kWidth, kHeight}};
+    HostFixture plainHost {{kWidth, kHeight}};
+    ovl::ImageView& ours = *ourHost.view;
+    LiteralImageView plain {plainHost.widget()};
+};
+
+TEST_F(ImageViewBesideThePlainest, ShowsAndTellsTheSameInAnyOrderOfCalls)
+{
+    MessageWatch::allow("extent"); // the framework's, of an image of one pixel
+    compareRepaints();
+    for (int seed = 0; seed < 25 && !HasFatalFailure(); ++seed) {
+        log.clear();
+        random.seed(static_cast<unsigned>(seed));
+        for (int i = 0; i < 40 && !HasFatalFailure(); ++i)
+            step();
+    }
 }
 
 } // namespace
