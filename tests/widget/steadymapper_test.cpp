@@ -178,18 +178,6 @@ TEST_F(SteadySurface, APictureIsNoEmptyOne)
     EXPECT_FALSE(first == picture());
 }
 
-TEST_F(SteadySurface, TrianglesThatHadNoAreaAtFirstAreDrawnOnceTheyHave)
-{
-    frame(slope, 0.0, 5.0); // all in one point
-    render();
-    frame(slope);
-    render();
-    const QImage kept = picture();
-    probe.mapper()->ReleaseGraphicsResources(window()); // and with them the index buffers
-    render();
-    EXPECT_TRUE(kept == picture());
-}
-
 TEST_F(SteadyCloud, PointsOutOfOrderOrLeftOutShowAsByTheStockMapper)
 {
     probe.actor()->GetProperty()->SetPointSize(3.0);
