@@ -1030,7 +1030,7 @@ protected:
 TEST_P(ChartXYTooltipRandom, AnswersAsIfItAskedEachPlotAndShapeInTurn)
 {
     MessageWatch::allow("vtkMath::Jacobi"); // where an axis has no range
-    for (int step = 0; step < 300 && !HasFailure(); ++step) {
+    for (int step = 0; step < 150 && !HasFailure(); ++step) {
         SCOPED_TRACE(step);
         for (int changes = pick(5); changes > 0; --changes)
             pick(2) == 0 ? changeShape() : changePlot();
