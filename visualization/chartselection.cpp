@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "chartselection.h"
 
+#include "plotroster.h"
 #include "vtkcompat.h"
 
 #include <vtkAnnotationLink.h>
@@ -141,6 +142,7 @@ void DropMissingRows(vtkPlot* plot)
         if (!isMissing(*row))
             present->InsertNextValue(*row);
     plot->SetSelection(present);
+    SelectionNotes::note();
 }
 
 } // namespace ovl

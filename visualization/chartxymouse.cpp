@@ -635,6 +635,7 @@ void ChartXY::ClearPlotSelections()
         const vtkNew<vtkIdTypeArray> none; // of its own: a selection may be shared
         plot->SetSelection(none);
     }
+    SelectionNotes::note();
 }
 
 } // namespace ovl

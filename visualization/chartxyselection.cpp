@@ -35,6 +35,7 @@ struct Region {
 
     bool selectIn(vtkPlot* plot) const
     {
+        SelectionNotes::note();
         return isPolygon ? plot->SelectPointsInPolygon(polygon) : plot->SelectPoints(lower, upper);
     }
 };
@@ -165,6 +166,7 @@ void ChartXY::SetSelectionMethod(int method)
     if (method == SELECTION_PLOTS) // what the plots have so far may be one array for all
         for (vtkPlot* plot : ChartPrivate->plots)
             plot->SetSelection(nullptr);
+    SelectionNotes::note();
     this->Superclass::SetSelectionMethod(method);
 }
 
@@ -244,6 +246,7 @@ void ChartXY::UpdateSelectionFromLink()
         TakePlots(selection);
     else if (SelectionMethod == SELECTION_COLUMNS)
         TakeColumns(selection);
+    SelectionNotes::note();
 }
 
 void ChartXY::TakeRows(vtkSelection* selection)

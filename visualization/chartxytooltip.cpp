@@ -161,6 +161,7 @@ void ChartXY::ReportPoint(
         const vtkNew<vtkIdTypeArray> row;
         row->InsertNextValue(nearest.row);
         plot->SetSelection(row);
+        SelectionNotes::note();
         if (AnnotationLink)
             MakeSelection(AnnotationLink, row, plot);
     }

@@ -5,10 +5,7 @@
 
 #include <cstdint>
 
-class vtkContextPolygon;
-class vtkIdTypeArray;
 class vtkPlot;
-class vtkVector2f;
 
 namespace ovl {
 
@@ -49,18 +46,6 @@ private:
     T value;
 };
 
-/** Counts how often any Plot may have got another selection, as Noted does of its fields. */
-class SelectionNotes {
-public:
-    SelectionNotes() = delete;
-
-    static void note() { ++count; }
-    static std::uint64_t changes() { return count; }
-
-private:
-    inline static std::uint64_t count = 0;
-};
-
 /**
  * What a chart must know of a plot beyond what the framework's plot can tell. Every plot of a
  * ChartXY carries it, as the second base of its class, and is asked for it by a cross cast.
@@ -83,8 +68,7 @@ struct Plot {
 
 /**
  * The body of a plot class that is its framework base with a Plot beside it and behaves exactly as
- * that base does; only that changes of its selection are noted. To be closed by a
- * vtkStandardNewMacro in the source file.
+ * that base does. To be closed by a vtkStandardNewMacro in the source file.
  */
 #define OVL_PLOT_CLASS(thisClass, superclass)                                                      \
 public:                                                                                            \
@@ -93,21 +77,6 @@ public:                                                                         
     void PrintSelf(ostream& os, vtkIndent indent) override                                         \
     {                                                                                              \
         this->superclass::PrintSelf(os, indent);                                                   \
-    }                                                                                              \
-    void SetSelection(vtkIdTypeArray* rows) override                                               \
-    {                                                                                              \
-        SelectionNotes::note();                                                                    \
-        this->superclass::SetSelection(rows);                                                      \
-    }                                                                                              \
-    bool SelectPoints(const vtkVector2f& lower, const vtkVector2f& upper) override                 \
-    {                                                                                              \
-        SelectionNotes::note();                                                                    \
-        return this->superclass::SelectPoints(lower, upper);                                       \
-    }                                                                                              \
-    bool SelectPointsInPolygon(const vtkContextPolygon& polygon) override                          \
-    {                                                                                              \
-        SelectionNotes::note();                                                                    \
-        return this->superclass::SelectPointsInPolygon(polygon);                                   \
     }                                                                                              \
     thisClass(const thisClass&) = delete;                                                          \
     thisClass& operator=(const thisClass&) = delete;                                               \

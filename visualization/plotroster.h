@@ -87,6 +87,21 @@ inline void clearDragTargets(const RosterCorner& corner)
 }
 
 /**
+ * Counts how often a chart may have changed the selection of a plot, be it another chart's that it
+ * shares. Whoever changes one notes it.
+ */
+class SelectionNotes {
+public:
+    SelectionNotes() = delete;
+
+    static void note() { ++count; }
+    static std::uint64_t changes() { return count; }
+
+private:
+    inline static std::uint64_t count = 0;
+};
+
+/**
  * The corners of a chart that have plots, kept from event to event so that none has to look for
  * the Plot part of each plot again.
  *

@@ -98,6 +98,24 @@ TYPED_TEST_P(PlotClassTest, HasTheFrameworksPlotAsItsFirstBase)
     EXPECT_EQ(static_cast<void*>(base), static_cast<void*>(this->plot.GetPointer()));
 }
 
+/** Whether an operation that is named in our class is the framework's. */
+template <class Operation> struct IsOfTheFramework;
+template <class Result, class Class, class... Arguments>
+struct IsOfTheFramework<Result (Class::*)(Arguments...)>
+    : std::bool_constant<!std::is_base_of_v<Plot, Class>> {
+};
+
+TYPED_TEST_P(PlotClassTest, LeavesWhatAPlotDoesToItsBase)
+{
+    using Plotted = typename TypeParam::Ours;
+    EXPECT_TRUE(IsOfTheFramework<decltype(&Plotted::Paint)>());
+    EXPECT_TRUE(IsOfTheFramework<decltype(&Plotted::PaintLegend)>());
+    EXPECT_TRUE(IsOfTheFramework<decltype(&Plotted::Update)>());
+    EXPECT_TRUE(IsOfTheFramework<decltype(&Plotted::SelectPoints)>());
+    EXPECT_TRUE(IsOfTheFramework<decltype(&Plotted::SelectPointsInPolygon)>());
+    EXPECT_TRUE(IsOfTheFramework<decltype(&Plotted::SetSelection)>());
+}
+
 TYPED_TEST_P(PlotClassTest, MakesNewObjectsOfItsOwnKindWithOneReference)
 {
     this->plot->tooltipVisible = false;
@@ -110,7 +128,7 @@ TYPED_TEST_P(PlotClassTest, MakesNewObjectsOfItsOwnKindWithOneReference)
 
 REGISTER_TYPED_TEST_SUITE_P(PlotClassTest, StartsAsAPlotOfDataWithATooltip, NamesItselfAndItsBases,
     PrintsWhatItsBasePrints, IsReachedFromTheFrameworksPlot, HasTheFrameworksPlotAsItsFirstBase,
-    MakesNewObjectsOfItsOwnKindWithOneReference);
+    LeavesWhatAPlotDoesToItsBase, MakesNewObjectsOfItsOwnKindWithOneReference);
 
 } // namespace ovl::test
 

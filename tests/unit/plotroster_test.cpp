@@ -335,6 +335,7 @@ void selectRow(vtkPlot* plot, vtkIdType row)
     const vtkNew<vtkIdTypeArray> rows;
     rows->InsertNextValue(row);
     plot->SetSelection(rows);
+    SelectionNotes::note(); // as a chart does
 }
 
 /** Both as in a small chart, whose plots are all asked, and among many, where changes are told. */
@@ -362,10 +363,13 @@ TEST_P(PlotRosterSelection, ListsThePlotsThatHaveSelectedRows)
     EXPECT_EQ(selectedOf(roster), (Plots {lower, upper})) << "in their order";
     const vtkNew<vtkIdTypeArray> none;
     lower->SetSelection(none);
+    SelectionNotes::note();
     EXPECT_EQ(selectedOf(roster), (Plots {upper})) << "an empty selection is none";
     upper->SetSelection(nullptr);
+    SelectionNotes::note();
     EXPECT_EQ(selectedOf(roster), Plots());
     lower->SelectPoints(vtkVector2f(0, 0), vtkVector2f(10, 10));
+    SelectionNotes::note();
     EXPECT_EQ(selectedOf(roster), (Plots {lower}));
     filled->RemoveItem(lower);
     EXPECT_EQ(selectedOf(roster), Plots());

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include <support/charteventfixture.h>
+#include <visualization/chartselection.h>
 #include <visualization/line.h>
 #include <visualization/point.h>
 
+#include <vtkAnnotationLink.h>
 #include <vtkAxis.h>
 #include <vtkContextScene.h>
 #include <vtkIdTypeArray.h>
@@ -955,6 +957,48 @@ TEST_F(ChartXYMouseShape, ADragOfAHandleResizesOnlyWhereItIsAllowed)
     plots.handles->SetInteractive(false);
     plots.lines->SetInteractive(false);
     EXPECT_EQ(drag(), std::pair(0, 0)) << "no point can be grabbed";
+}
+
+TEST_F(ChartXYMouseShape, ADragAmongManyPlotsKnowsOfEveryChangeOfASelection)
+{
+    constexpr int kSelectButton = 16; // of a mouse with more buttons
+    for (int i = 0; i < 300; ++i)
+        addPlot(vtkChart::LINE, {1, 2}, {1, 2})->SetVisible(false);
+    vtkPlot* curve = addCurve();
+    part(curve)->canDragX = true;
+    open->Actions.ClickAndDrag() = kMiddleButton;
+    open->Actions.Select() = kSelectButton;
+    render();
+    const auto drags = [&] { // by nothing, in a chart at the scene's origin
+        press(60, 80);
+        const vtkMTimeType before = curve->GetInput()->GetMTime();
+        move(150, 100, kMiddleButton);
+        press(5, 5);
+        return curve->GetInput()->GetMTime() > before;
+    };
+    EXPECT_FALSE(drags());
+    press(5, 5, kSelectButton);
+    release(195, 145, kSelectButton);
+    EXPECT_TRUE(drags()) << "the band";
+    chart->SetSelectionMethod(vtkChart::SELECTION_PLOTS);
+    EXPECT_FALSE(drags()) << "the other method";
+
+    const vtkNew<vtkAnnotationLink> link;
+    const vtkNew<vtkIdTypeArray> rows;
+    rows->InsertNextValue(0);
+    MakeSelection(link, rows, curve);
+    chart->SetAnnotationLink(link);
+    render();
+    EXPECT_TRUE(drags()) << "the link";
+    chart->SetAnnotationLink(nullptr);
+    rows->SetValue(0, 7);
+    render();
+    EXPECT_FALSE(drags()) << "the paint, of a row that is not there";
+
+    press(20, 30, kMiddleButton);
+    EXPECT_TRUE(drags()) << "the press";
+    release(150, 20);
+    EXPECT_FALSE(drags()) << "the release";
 }
 
 TEST_F(ChartXYMouseShape, ASelectionBeyondTheHandlesResizesNothing)
