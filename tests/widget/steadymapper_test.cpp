@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
+#include <support/coordinatesrecorder.h>
 #include <support/hostfixture.h>
+#include <support/messagewatch.h>
 #include <support/spaceprobe.h>
 #include <support/stockpicture.h>
 #include <visualization/pointcloudview.h>
@@ -11,19 +13,24 @@
 #include <vtkCellArray.h>
 #include <vtkMapper.h>
 #include <vtkPolyData.h>
+#include <vtkPropPicker.h>
 #include <vtkProperty.h>
 #include <vtkRenderer.h>
+#include <vtkSmartPointer.h>
 
 #include <array>
 #include <cmath>
 #include <functional>
 #include <gtest/gtest.h>
 #include <limits>
+#include <random>
 #include <string>
 #include <vector>
 
 using ovl::PointCloudView;
 using ovl::SurfaceView;
+using ovl::test::CoordinatesRecorder;
+using ovl::test::MessageWatch;
 using ovl::test::SpaceProbe;
 using ovl::test::stockPicture;
 using ovl::test::ViewFixture;
@@ -205,6 +212,176 @@ TEST_F(SteadySurface, TheMapperThatDrawsIsASteadyOne)
     auto* mapper = ovl::SteadyDataSetMapper::SafeDownCast(probe.mapper());
     ASSERT_NE(mapper, nullptr);
     EXPECT_EQ(mapper->GetPolyDataMapper(), mapper->inner());
+}
+
+/** A stream whose calls come in an order that chance decides. */
+template <class View> class RandomStream : public Stream<View> {
+public:
+    RandomStream()
+    {
+        // One sample a pixel: software rasterisers do not always blend an edge.
+        this->window()->SetMultiSamples(0);
+        this->probe.actor()->GetProperty()->SetPointSize(5.0);
+        stockPicker->PickFromListOn();
+        stockPicker->AddPickList(this->probe.actor());
+        changeSize();
+        this->frame(steps);
+        this->render();
+    }
+
+    int below(int end) { return static_cast<int>(random() % static_cast<unsigned>(end)); }
+
+    void changeSize()
+    {
+        constexpr std::array<int, 6> sides = {1, 2, 5, 6, 7, 20};
+        this->columns = sides.at(static_cast<std::size_t>(below(6)));
+        this->rows = sides.at(static_cast<std::size_t>(below(6)));
+    }
+
+    double height()
+    {
+        const double odd[] = {std::numeric_limits<double>::quiet_NaN(), 0.0, 1e-3, 11.5};
+        return below(12) == 0 ? odd[below(4)] : below(11);
+    }
+
+    void drawFrame()
+    {
+        constexpr std::array<double, 5> sizes = {1.0, 1.0, 0.1, 100.0, 0.0};
+        if (below(2))
+            changeSize();
+        this->frame([this](int, int) { return height(); },
+            sizes.at(static_cast<std::size_t>(below(5))), below(4) ? 0.0 : 1.0e6);
+    }
+
+    void setSome()
+    {
+        const int points = this->columns * this->rows;
+        compareMove();
+        for (int i = below(2 * points); i >= 0; --i)
+            this->set(below(points), [this](int, int) { return height(); });
+        this->view->drawScene(); // until then it is open what a repaint finds
+        compareMove();
+    }
+
+    void changeSetting()
+    {
+        const double factor = 0.5 * (1 + below(4));
+        switch (below(8)) {
+        case 0:
+            return this->view->setXScale(factor);
+        case 1:
+            return this->view->setYScale(factor);
+        case 2:
+            return this->view->setZScale(factor);
+        case 3:
+            return this->view->setXScaleCorrection(factor);
+        case 4:
+            return this->view->setZScaleCorrection(factor);
+        case 5:
+            return this->view->setColorScheme(ovl::ColorScheme(below(5) - 1));
+        case 6:
+            return this->probe.actor()->GetProperty()->SetRepresentation(below(3));
+        default:
+            return this->view->resetCamera();
+        }
+    }
+
+    QPointF place() { return {double(below(300)), double(below(200))}; }
+
+    void useTheWindow()
+    {
+        switch (below(3)) {
+        case 0:
+            return this->drag(place(), place());
+        case 1:
+            return this->wheel(place(), below(2) ? 1 : -1);
+        default:
+            return this->resize({280 + below(40), 180 + below(40)});
+        }
+    }
+
+    /** Where one of the points is seen, if it is. */
+    QPointF placeOfAPoint()
+    {
+        vtkPolyData* const data = this->probe.data();
+        if (data->GetNumberOfPoints() == 0 || data->GetNumberOfCells() == 0)
+            return place();
+        auto world = this->probe.point(below(static_cast<int>(data->GetNumberOfPoints())));
+        const auto scale = this->probe.scale();
+        for (std::size_t axis = 0; axis < 3; ++axis)
+            world[axis] *= scale[axis];
+        const QPointF seen = this->probe.seenAt(world);
+        const bool inside = QRectF(this->widget()->rect()).contains(seen);
+        return inside ? seen : place();
+    }
+
+    /** What a move tells is what the stock picker finds there, in the host's units. */
+    void compareMove()
+    {
+        const QPointF at = below(4) ? placeOfAPoint() : place();
+        CoordinatesRecorder told;
+        this->move(at);
+        const int x = static_cast<int>(at.x());
+        const int y = this->widget()->height() - 1 - static_cast<int>(at.y());
+        if (stockPicker->Pick(x, y, 0.0, this->renderer()) == 0) {
+            EXPECT_TRUE(told.positions.empty() && told.cleared == 1);
+            return;
+        }
+        ASSERT_EQ(told.positions.size(), 1U);
+        const double* position = stockPicker->GetPickPosition();
+        const double* scale = this->probe.actor()->GetScale();
+        EXPECT_EQ(told.positions[0][0], std::round(position[1] / scale[1]));
+        EXPECT_EQ(told.positions[0][1], std::round(position[0] / scale[0]));
+        EXPECT_EQ(told.positions[0][2], std::round(position[2] / scale[2]));
+        ++hits;
+    }
+
+    void step()
+    {
+        const std::array<void (RandomStream::*)(), 8> deeds = {&RandomStream::drawFrame,
+            &RandomStream::drawFrame, &RandomStream::setSome, &RandomStream::changeSetting,
+            &RandomStream::useTheWindow, &RandomStream::compareMove, &RandomStream::compareMove,
+            &RandomStream::expectTheStockPicture};
+        const int deed = below(10);
+        if (deed == 8)
+            this->view->setScene(this->columns, this->rows);
+        else if (deed == 9)
+            this->view->drawScene();
+        else
+            (this->*deeds.at(static_cast<std::size_t>(deed)))();
+    }
+
+    void expectTheStockPartsAnswersInAnyOrder()
+    {
+        // The framework's, when data comes and goes, and of a camera that was turned upright.
+        MessageWatch::allow("vtkOpenGLRenderTimer");
+        MessageWatch::allow("Resetting view-up");
+        for (int seed = 0; seed < 3 && !this->HasFailure(); ++seed) {
+            random.seed(static_cast<unsigned>(seed));
+            for (int i = 0; i < 60 && !this->HasFailure(); ++i) {
+                SCOPED_TRACE(testing::Message() << "seed " << seed << ", step " << i);
+                step();
+            }
+        }
+        EXPECT_GT(hits, 0);
+    }
+
+    std::mt19937 random;
+    int hits = 0;
+    vtkSmartPointer<vtkPropPicker> stockPicker = vtkSmartPointer<vtkPropPicker>::New();
+};
+
+using RandomSurface = RandomStream<SurfaceView>;
+using RandomCloud = RandomStream<PointCloudView>;
+
+TEST_F(RandomSurface, ShowsAndTellsAsTheStockPartsInAnyOrderOfCalls)
+{
+    expectTheStockPartsAnswersInAnyOrder();
+}
+
+TEST_F(RandomCloud, ShowsAndTellsAsTheStockPartsInAnyOrderOfCalls)
+{
+    expectTheStockPartsAnswersInAnyOrder();
 }
 
 } // namespace
