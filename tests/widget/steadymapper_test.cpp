@@ -240,8 +240,9 @@ public:
 
     double height()
     {
-        const double odd[] = {std::numeric_limits<double>::quiet_NaN(), 0.0, 1e-3, 11.5};
-        return below(12) == 0 ? odd[below(4)] : below(11);
+        const double odd[] = {std::numeric_limits<double>::quiet_NaN(), 0.0, 1e-3,
+            std::numeric_limits<double>::infinity()};
+        return below(60) == 0 ? odd[below(4)] : below(11);
     }
 
     void drawFrame()
