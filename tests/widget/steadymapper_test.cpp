@@ -312,7 +312,8 @@ public:
         for (std::size_t axis = 0; axis < 3; ++axis)
             world[axis] *= scale[axis];
         const QPointF seen = this->probe.seenAt(world);
-        const bool inside = QRectF(this->widget()->rect()).contains(seen);
+        const bool inside = std::isfinite(seen.x()) && std::isfinite(seen.y())
+            && QRectF(this->widget()->rect()).contains(seen);
         return inside ? seen : place();
     }
 
