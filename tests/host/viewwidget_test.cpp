@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Sees the libraries as a host does: linked, and through their public headers.
 #include <hosting/viewwidget.h>
+#include <support/patience.h>
 #include <visualization/coordinatessender.h>
 #include <visualization/imageview.h>
 
@@ -15,10 +16,9 @@
 using ovl::CoordinatesSender;
 using ovl::ImageView;
 using ovl::hosting::ViewWidget;
+using ovl::test::kPatience;
 
 namespace {
-
-constexpr int kPatience = 30000; // ms; a busy machine is slow to show a window
 
 class ImageHost : public testing::Test {
 protected:

@@ -2,6 +2,7 @@
 #ifndef OVL_TESTS_SUPPORT_GALLERYFIXTURE_H
 #define OVL_TESTS_SUPPORT_GALLERYFIXTURE_H
 
+#include "patience.h"
 #include <gallery/mainwindow.h>
 #include <gallery/noticebar.h>
 #include <gallery/page.h>
@@ -21,8 +22,6 @@
 #include <gtest/gtest.h>
 
 namespace ovl::test {
-
-constexpr int kPatience = 30000; // ms; a busy machine is slow to show a window
 
 /** The gallery's window on the virtual screen, its scanner at rest, and a folder for files. */
 class GalleryFixture : public testing::Test {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "hostfixture.h"
 
+#include "patience.h"
+
 #include <vtkRenderWindow.h>
 #include <vtkRenderer.h>
 #include <vtkRendererCollection.h>
@@ -14,11 +16,6 @@
 #include <gtest/gtest.h>
 
 namespace ovl::test {
-namespace {
-
-constexpr int kPatience = 30000; // ms; a busy machine is slow to show a window
-
-} // namespace
 
 HostFixture::HostFixture(QSize size)
     : host(std::make_unique<compat::HostWidget>())
