@@ -276,6 +276,8 @@ private:
     void MovePolygon(const vtkContextMouseEvent& mouse);
     void DragHandles(const vtkContextMouseEvent& mouse);
     void DragHandle(const RosterPlot& entry, int coordinate, double delta);
+    /** Calls `drag` with each plot that has selected rows and each coordinate it may go along. */
+    template <class Drag> void DragSelected(Drag drag);
     void DragShapes(const vtkContextMouseEvent& mouse);
     void MarkInputsModified();
     void DragColumns(const vtkContextMouseEvent& mouse);

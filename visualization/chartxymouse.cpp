@@ -136,9 +136,6 @@ void shiftColumn(vtkPlot* plot, int coordinate, double by)
         column->SetTuple1(i, column->GetTuple1(i) + by);
 }
 
-/** What the drags of points and columns leave out. */
-bool isBar(const RosterPlot& entry) { return entry.plot->IsA("vtkPlotBar"); }
-
 void markSelectionModified(vtkPlot* plot)
 {
     if (vtkIdTypeArray* selection = plot->GetSelection())
@@ -355,19 +352,26 @@ void ChartXY::MovePolygon(const vtkContextMouseEvent& mouse)
     MarkSceneDirty();
 }
 
-void ChartXY::DragHandles(const vtkContextMouseEvent& mouse)
+template <class Drag> void ChartXY::DragSelected(Drag drag)
 {
-    const vtkVector2d delta = ChartPrivate->motion(0, mouse);
     for (const RosterPlot* entry : ChartPrivate->roster.selected()) {
-        if (isBar(*entry))
+        if (entry->plot->IsA("vtkPlotBar")) // bars stay where they are
             continue;
         if (DragPointAlongX && entry->part->canDragX)
-            DragHandle(*entry, kX, delta.GetX());
+            drag(*entry, kX);
         if (DragPointAlongY && entry->part->canDragY)
-            DragHandle(*entry, kY, delta.GetY());
+            drag(*entry, kY);
         markSelectionModified(entry->plot);
         MarkSceneDirty();
     }
+}
+
+void ChartXY::DragHandles(const vtkContextMouseEvent& mouse)
+{
+    const vtkVector2d delta = ChartPrivate->motion(0, mouse);
+    DragSelected([&](const RosterPlot& entry, int coordinate) {
+        DragHandle(entry, coordinate, delta[coordinate]);
+    });
 }
 
 void ChartXY::DragHandle(const RosterPlot& entry, int coordinate, double delta)
@@ -470,16 +474,9 @@ void ChartXY::DragColumns(const vtkContextMouseEvent& mouse)
     const Range y = rangeOf(ChartPrivate->axes[vtkAxis::LEFT]);
     const double dx = Scene ? double {offset.GetX()} / Scene->GetSceneWidth() * x.length() : 0.0;
     const double dy = Scene ? double {offset.GetY()} / Scene->GetSceneHeight() * y.length() : 0.0;
-    for (const RosterPlot* entry : ChartPrivate->roster.selected()) {
-        if (isBar(*entry))
-            continue;
-        if (DragPointAlongX && entry->part->canDragX)
-            shiftColumn(entry->plot, kX, dx);
-        if (DragPointAlongY && entry->part->canDragY)
-            shiftColumn(entry->plot, kY, dy);
-        markSelectionModified(entry->plot);
-        MarkSceneDirty();
-    }
+    DragSelected([&](const RosterPlot& entry, int coordinate) {
+        shiftColumn(entry.plot, coordinate, coordinate == kX ? dx : dy);
+    });
 }
 
 bool ChartXY::MouseButtonReleaseEvent(const vtkContextMouseEvent& mouse)
