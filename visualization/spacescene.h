@@ -5,13 +5,13 @@
 
 #include "capturedproppicker.h"
 #include "colorscheme.h"
+#include "cubeaxes.h"
 #include "range.h"
 #include "spaceaxes.h"
 #include "volumeinteractorstyle.h"
 
 #include <QVTKInteractor.h>
 #include <vtkActor.h>
-#include <vtkCubeAxesActor.h>
 #include <vtkRenderWindow.h>
 #include <vtkRenderer.h>
 #include <vtkSmartPointer.h>
@@ -37,7 +37,7 @@ public:
     vtkWeakPointer<vtkRenderWindow> renderWindow; // the host's, not owned
     vtkSmartPointer<vtkActor> actor = vtkSmartPointer<vtkActor>::New();
     vtkSmartPointer<vtkRenderer> renderer = vtkSmartPointer<vtkRenderer>::New();
-    vtkSmartPointer<vtkCubeAxesActor> cubeAxes = vtkSmartPointer<vtkCubeAxesActor>::New();
+    vtkSmartPointer<vtkCubeAxesActor> cubeAxes = vtkSmartPointer<CubeAxes>::New();
     vtkSmartPointer<QVTKInteractor> interactor = vtkSmartPointer<QVTKInteractor>::New();
     vtkSmartPointer<VolumeInteractorStyle> style = vtkSmartPointer<VolumeInteractorStyle>::New();
     vtkSmartPointer<vtkPropPicker> picker = vtkSmartPointer<CapturedPropPicker>::New();

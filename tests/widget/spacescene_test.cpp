@@ -400,6 +400,35 @@ TYPED_TEST(SpaceScene, RangesNeverSetArePassedOnAsTheyAre)
     this->render();
 }
 
+// The framework's own box would lay lines in number as the scale: memory was full before the end.
+TYPED_TEST(SpaceScene, ARangeOfOneValueUnderALargeScaleIsPainted)
+{
+    this->fill();
+    this->setRanges();
+    this->view->range(0).set(41.0, 41.0);
+    this->view->setXScale(1e5);
+    this->view->drawScene();
+    this->view->resetCamera();
+    this->render();
+    const AxesRecord axes(this->probe.axes());
+    EXPECT_EQ(axes.y, (Pair {41.0, 41.0}));
+    EXPECT_EQ(axes.bounds, (Bounds {10.0, 14.0, 41e5, 41e5, 1.0, 5.0}));
+}
+
+// As of the coordinates of a site in millimetres: the framework counts steps in 32 bits.
+TYPED_TEST(SpaceScene, ANarrowRangeFarFromZeroIsPainted)
+{
+    this->fill();
+    this->setRanges();
+    this->view->range(1).set(5e9, 5e9 + 10.0);
+    this->view->drawScene();
+    this->view->resetCamera();
+    this->render();
+    const AxesRecord axes(this->probe.axes());
+    EXPECT_EQ(axes.x, (Pair {5e9, 5e9 + 10.0}));
+    EXPECT_EQ(axes.bounds, (Bounds {5e9, 5e9 + 10.0, 0.0, 2.0, 1.0, 5.0}));
+}
+
 TYPED_TEST(SpaceScene, ChangedRangesReachTheAxesOnlyAtTheNextDraw)
 {
     this->show();
