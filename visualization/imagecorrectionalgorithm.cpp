@@ -110,8 +110,8 @@ template <class In, class Out> void correctPiece(const Piece& piece)
     const int components = piece.input->GetNumberOfScalarComponents();
     const kernels::PixelLayout layout = {components, piece.output->GetNumberOfScalarComponents(),
         piece.passThrough ? components : 4};
-    const auto stores = layout.fits() ? kernels::storesFor(frameBytes<In, Out>(piece, layout))
-                                      : kernels::Stores::Cached;
+    const auto stores
+        = layout.fits() ? kernels::storesFor(frameBytes<In, Out>(piece, layout)) : Stores::Cached;
     const auto whole = kernels::bestSpan<In, Out>(components, !piece.passThrough, stores);
     if (!whole || !piece.hasPixels())
         return;
@@ -130,7 +130,7 @@ template <class In, class Out> void correctPiece(const Piece& piece)
         correctSpans<In, Out>(piece,
             vtkImageProgressIterator<In>(piece.input, piece.extent, piece.filter, piece.id),
             correctSpan);
-    kernels::complete(stores);
+    complete(stores);
 }
 
 // Every pair is an instance of its own, all of the same shape. The linter's path analysis would go

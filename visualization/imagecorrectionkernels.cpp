@@ -460,12 +460,6 @@ Level bestLevel()
     return level;
 }
 
-void complete(Stores stores)
-{
-    if (stores == Stores::Streaming)
-        _mm_sfence();
-}
-
 template <class In, class Out>
 SpanFunction<In, Out> wideSpan(Level level, int components, bool expand, Stores stores)
 {
@@ -480,8 +474,6 @@ SpanFunction<In, Out> wideSpan(Level level, int components, bool expand, Stores 
 Level bestLevel() { return Level::Plain; }
 
 Stores storesFor(std::ptrdiff_t) { return Stores::Cached; }
-
-void complete(Stores) { }
 
 template <class In, class Out> SpanFunction<In, Out> wideSpan(Level, int, bool, Stores)
 {

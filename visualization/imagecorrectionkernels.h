@@ -3,6 +3,8 @@
 #ifndef OVL_VISUALIZATION_IMAGECORRECTIONKERNELS_H
 #define OVL_VISUALIZATION_IMAGECORRECTIONKERNELS_H
 
+#include "stores.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -130,14 +132,8 @@ enum class Level { Plain, Avx2 };
 /** The best that this processor offers. */
 Level bestLevel();
 
-/** Streaming stores go past the caches: better for what is too large to stay there anyway. */
-enum class Stores { Cached, Streaming };
-
 /** The better one for a frame of so many bytes, those read and those written. */
 Stores storesFor(std::ptrdiff_t frameBytes);
-
-/** Must follow on streaming stores before another thread reads what they wrote. */
-void complete(Stores stores);
 
 template <class T, class... Others> constexpr bool isOneOf = (std::is_same_v<T, Others> || ...);
 

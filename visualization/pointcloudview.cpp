@@ -2,6 +2,7 @@
 #include "pointcloudview.h"
 
 #include "precondition.h"
+#include "samplestore.h"
 #include "spacescene.h"
 #include "steadymapper.h"
 #include "vtkcompat.h"
@@ -14,6 +15,7 @@
 #include <vtkPolyData.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <numeric>
 
 namespace ovl {
@@ -29,6 +31,7 @@ struct CloudMemory {
     int listed = 0; // ids of the cell so far
     int listable = 0; // ids that there is room for
     int ordered = 0; // leading ids that hold their own places in memory
+    Stores stores = Stores::Cached; // of samples that are set in order
     bool inOrder = true; // each listed id is its own place; it need not be in memory yet
 
     /** Brings the ids that points set in order have left out into memory. */
@@ -67,7 +70,7 @@ public:
 private:
     void allocate(int count);
     void emptyForReuse();
-    void list(int index);
+    [[gnu::noinline]] void list(int index); // the rare case must not slow down the usual one
 
     CloudMemory memory;
 };
@@ -125,6 +128,7 @@ void PointCloudView::Private::begin(int xResolution, int yResolution)
     memory.scalars = scalars->GetPointer(0);
     memory.points = count;
     memory.listable = count;
+    memory.stores = storesForSamples(static_cast<std::size_t>(count), 4 * sizeof(double));
 }
 
 void PointCloudView::Private::allocate(int count)
@@ -155,14 +159,14 @@ inline void PointCloudView::Private::fill(
     if (!inside)
         return;
     double* coordinate = memory.coordinates + 3 * static_cast<vtkIdType>(index);
-    coordinate[0] = position.x;
-    coordinate[1] = position.y;
-    coordinate[2] = position.z;
-    memory.scalars[index] = value;
-    if (memory.inOrder && index == memory.listed)
+    double* scalar = memory.scalars + index;
+    if (memory.inOrder && index == memory.listed) {
         ++memory.listed; // the usual case: a fifth of the memory is not touched
-    else
-        list(index);
+        storeSample(memory.stores, coordinate, scalar, position, value);
+        return;
+    }
+    storeSample(Stores::Cached, coordinate, scalar, position, value);
+    list(index);
 }
 
 void PointCloudView::Private::list(int index)
@@ -184,6 +188,7 @@ void PointCloudView::Private::draw()
 {
     scene().applyScale();
     scene().updateAxes();
+    complete(memory.stores);
     memory.writeOrder();
     if (memory.ids)
         compat::endOnlyCell(cells, memory.listed); // points never set must not be drawn

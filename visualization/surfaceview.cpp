@@ -2,6 +2,7 @@
 #include "surfaceview.h"
 
 #include "precondition.h"
+#include "samplestore.h"
 #include "spacescene.h"
 #include "steadymapper.h"
 #include "surfacewarp.h"
@@ -17,6 +18,7 @@
 #include <vtkTransformPolyDataFilter.h>
 
 #include <algorithm>
+#include <cstddef>
 
 namespace ovl {
 
@@ -30,6 +32,8 @@ struct GridMemory {
     float* positions = nullptr;
     double* scalars = nullptr;
     int points = 0;
+    Stores stores = Stores::Cached; // of samples that are set in order
+    int next = 0; // in that order
 };
 
 } // namespace
@@ -176,7 +180,8 @@ void SurfaceView::Private::takeGrid()
     // Only the connectivity is still needed, and warpInput holds it.
     planeSource->GetOutput()->ReleaseData();
     planeData->ReleaseData();
-    memory = {static_cast<float*>(points->GetVoidPointer(0)), scalars->GetPointer(0), count};
+    memory = {static_cast<float*>(points->GetVoidPointer(0)), scalars->GetPointer(0), count,
+        storesForSamples(static_cast<std::size_t>(count), 3 * sizeof(float) + sizeof(double))};
 }
 
 inline void SurfaceView::Private::fill(
@@ -188,17 +193,17 @@ inline void SurfaceView::Private::fill(
             index >= 0 && index < gridPoints(settings.xResolution, settings.yResolution), index);
         return;
     }
-    float* point = memory.positions + 3 * static_cast<vtkIdType>(index);
-    point[0] = static_cast<float>(position.x);
-    point[1] = static_cast<float>(position.y);
-    point[2] = static_cast<float>(position.z);
-    memory.scalars[index] = value;
+    const Stores stores = index == memory.next ? memory.stores : Stores::Cached;
+    memory.next = index + 1;
+    storeSample(stores, memory.positions + 3 * static_cast<vtkIdType>(index),
+        memory.scalars + index, position, value);
 }
 
 void SurfaceView::Private::draw()
 {
     if (!sceneReady)
         return;
+    complete(memory.stores);
     scene().applyScale();
     scene().updateAxes();
     points->Modified();

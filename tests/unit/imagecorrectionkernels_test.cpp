@@ -10,6 +10,7 @@
 #include <type_traits>
 #include <vector>
 
+using ovl::Stores;
 using namespace ovl::kernels;
 using ovl::test::appendCorrectedPixel;
 using ovl::test::correctionInputs;
@@ -106,7 +107,7 @@ protected:
         std::byte* const out = memory + 64 + offset * sizeof(Out);
         way.span(in.get() + before, reinterpret_cast<Out*>(out),
             static_cast<std::ptrdiff_t>(pixels), correctionOf<In>(expected.settings));
-        complete(Stores::Streaming);
+        ovl::complete(Stores::Streaming);
 
         Bytes whole(sizeof(memory), std::byte {0xCD});
         std::copy_n(expected.expected.begin(), pixels * expected.outPixel(),

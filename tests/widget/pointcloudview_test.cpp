@@ -244,6 +244,31 @@ TEST_F(PointCloud, ASceneOfTheSameSizeIsFilledIntoTheMemoryOfTheLast)
     EXPECT_LT(ovl::compat::onlyCellCapacity(cells), roomBefore);
 }
 
+// Points in order go past the caches in a scene of this size, the others do not.
+TEST_F(PointCloud, ALargeSceneHoldsEverySampleInWhateverOrderTheyCome)
+{
+    const int side = 750;
+    const int count = side * side;
+    setRanges();
+    const auto fill = [this](int index, double offset) {
+        view->setPoint(index, index % 997, offset, index / 31.0, offset + index);
+    };
+    view->setScene(side, side);
+    for (int index = 0; index < count / 2; ++index)
+        fill(index, 1.0);
+    for (int index = count - 1; index >= count / 2; --index)
+        fill(index, 1.0);
+    fill(12345, 2.0);
+    view->drawScene();
+    int wrong = 0;
+    for (int index = 0; index < count; ++index) {
+        const double offset = index == 12345 ? 2.0 : 1.0;
+        const Triple expected {offset, static_cast<double>(index % 997), index / 31.0};
+        wrong += probe.point(index) != expected || probe.value(index) != offset + index;
+    }
+    EXPECT_EQ(wrong, 0);
+}
+
 TEST_F(PointCloud, SetSceneLosesTheSceneThatWasDrawn)
 {
     showSparsePoints();

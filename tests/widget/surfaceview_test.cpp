@@ -168,6 +168,25 @@ TEST_F(Surface, NewValuesOnTheSameGridReachTheNextDraw)
     EXPECT_EQ(probe.value(0), 8.0);
 }
 
+// Samples in order go past the caches in a grid of this size, the others do not.
+TEST_F(Surface, ALargeGridHoldsEverySampleInWhateverOrderTheyCome)
+{
+    const int side = 930;
+    const int count = side * side;
+    view->setScene(side, side);
+    for (int index = 0; index < count / 2; ++index)
+        view->setPoint(index, index % 997, 1.0, 2.0 * (index % 511), index);
+    for (int index = count - 1; index >= count / 2; --index)
+        view->setPoint(index, index % 997, 1.0, 2.0 * (index % 511), index);
+    view->drawScene();
+    int wrong = 0;
+    for (int index = 0; index < count; ++index) {
+        const Triple expected {1.0, 1.0 * (index % 997), 2.0 * (index % 511)};
+        wrong += probe.point(index) != expected || probe.value(index) != index;
+    }
+    EXPECT_EQ(wrong, 0);
+}
+
 TEST_F(Surface, ALargerGridReplacesTheLastOne)
 {
     for (const auto& [x, y] : {std::pair(3, 3), std::pair(20, 7), std::pair(5, 60)}) {
