@@ -8,7 +8,6 @@
 #include <vector>
 
 using ovl::Stores;
-using ovl::World;
 
 namespace {
 
