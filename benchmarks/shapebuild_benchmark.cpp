@@ -2,13 +2,15 @@
 // What a host pays to bring many shapes into a view, of four lines and twelve handles each.
 #include "chartpeers.h"
 
+#include <memory>
+
 namespace {
 
 using namespace ovl::bench;
 
 int countOf(const benchmark::State& state) { return static_cast<int>(state.range(0)); }
 
-/** The whole way of a new set of shapes: add, draw, clear. */
+/** The whole way of a new set of shapes, in place of another: add, draw, clear. */
 void build(benchmark::State& state)
 {
     ProfileRig rig;
@@ -16,6 +18,23 @@ void build(benchmark::State& state)
         rig.addBoxes(countOf(state));
         rig.view->drawShapes();
         rig.view->clearShape();
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+/** The same into a view that has had no shapes yet. */
+void buildFirst(benchmark::State& state)
+{
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto rig = std::make_unique<ProfileRig>();
+        state.ResumeTiming();
+        rig->addBoxes(countOf(state));
+        rig->view->drawShapes();
+        rig->view->clearShape();
+        state.PauseTiming();
+        rig.reset();
+        state.ResumeTiming();
     }
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
@@ -63,6 +82,7 @@ void sizes(benchmark::internal::Benchmark* path)
 }
 
 BENCHMARK(build)->Name("BM_ShapeBuild/ovl")->Apply(sizes);
+BENCHMARK(buildFirst)->Name("BM_ShapeBuildFirst/ovl")->Apply(sizes);
 BENCHMARK(bareShapes)->Name("BM_ShapeBuild/floor")->Apply(sizes);
 BENCHMARK(drawAgain)->Name("BM_ShapeDrawAgain/ovl")->Apply(sizes);
 BENCHMARK(redraw)->Name("BM_ShapeRedraw/ovl")->Apply(sizes);

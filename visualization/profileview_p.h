@@ -42,6 +42,10 @@ public:
         void feed(vtkPlot* newPlot);
         /** Takes the mapper out of the plot that is about to go. */
         void keepMapper();
+        /** Whether nobody else holds any of it or has changed it, so that it may be filled anew. */
+        bool isOurs() const;
+        /** Puts the columns, which have their names, into a new table. */
+        void build();
 
         vtkSmartPointer<vtkTable> table = vtkSmartPointer<vtkTable>::New();
         Column x = Column::New();
@@ -59,6 +63,8 @@ public:
 
     /** Of each line both ends, one after the other; and of each handle its place. */
     struct ShapeTables {
+        /** Names the columns after the shape and makes them its points. */
+        void take(const Shape& shape);
         void fill(const Shape& shape);
 
         PointTable lines;
@@ -110,6 +116,7 @@ public:
     std::size_t find(const char* operation, int identifier) const;
     std::size_t find(const char* operation, const QString& title) const;
     template <class Visit> void forEachShapePart(Visit visit);
+    ShapeTables nextTables();
     void append(Shape shape);
     void eraseShape(std::size_t index);
     void update(std::size_t index, const Shape& shape);
@@ -136,6 +143,7 @@ public:
     std::unique_ptr<ChartCallbacks> callbacks = std::make_unique<ChartCallbacks>();
     std::vector<Shape> shapes;
     std::vector<ShapeTables> shapeTables; // one for each shape, though maybe of another one
+    std::vector<ShapeTables> idleTables; // of shapes cleared since the last draw; the first is last
     std::vector<vtkPlot*> shapePlots; // one for each shape drawn, maybe null; the chart's
     std::vector<vtkPlot*> handlePlots; // the same
     std::array<Range, 4> ranges;

@@ -83,6 +83,23 @@ void ProfileView::Private::PointTable::keepMapper()
     plot = nullptr;
 }
 
+bool ProfileView::Private::PointTable::isOurs() const
+{
+    const bool mapperIsOurs = !mapper || mapper->GetReferenceCount() == 1;
+    const int holders = mapper ? 2 : 1;
+    return mapperIsOurs && table->GetReferenceCount() == holders && x->GetReferenceCount() == 2
+        && y->GetReferenceCount() == 2 && table->GetNumberOfColumns() == 2
+        && table->GetColumn(0) == x && table->GetColumn(1) == y;
+}
+
+void ProfileView::Private::PointTable::build()
+{
+    if (table->GetNumberOfColumns() > 0)
+        return;
+    table->AddColumn(x);
+    table->AddColumn(y);
+}
+
 bool ProfileView::Private::PointTable::isFed() const
 {
     return mapper && mapper->GetMTime() == fedAt && xName == x->GetName() && yName == y->GetName();
@@ -101,6 +118,20 @@ void ProfileView::Private::PointTable::feed(vtkPlot* newPlot)
     }
     compat::handOver(mapper, compat::PlotMapperAccess::mapper(newPlot));
     plot = newPlot;
+}
+
+void ProfileView::Private::ShapeTables::take(const Shape& shape)
+{
+    // A name ends at a null, so that one within the title would make all names the same: and of two
+    // columns of one name a table keeps the second.
+    const QString title = shape.title().left(shape.title().indexOf(QChar::Null));
+    setName(lines.x, title + "_x");
+    setName(lines.y, title);
+    setName(handles.x, title + "_handle_x");
+    setName(handles.y, title + "_handle_y");
+    lines.build();
+    handles.build();
+    fill(shape);
 }
 
 void ProfileView::Private::ShapeTables::fill(const Shape& shape)
@@ -203,22 +234,22 @@ void ProfileView::Private::update(std::size_t index, const Shape& shape)
     tables.handles.table->Modified();
 }
 
+/** Of a shape that was cleared, if there is one: tables and mappers cost as much as the plots. */
+ProfileView::Private::ShapeTables ProfileView::Private::nextTables()
+{
+    while (!idleTables.empty()) {
+        ShapeTables tables = std::move(idleTables.back());
+        idleTables.pop_back();
+        if (tables.lines.isOurs() && tables.handles.isOurs())
+            return tables;
+    }
+    return {};
+}
+
 void ProfileView::addShape(const Shape& shape)
 {
-    d->shapeTables.emplace_back();
-    Private::ShapeTables& tables = d->shapeTables.back();
-    // A name ends at a null, so that one within the title would make all names the same: and of two
-    // columns of one name a table keeps the second.
-    const QString title = shape.title().left(shape.title().indexOf(QChar::Null));
-    setName(tables.lines.x, title + "_x");
-    setName(tables.lines.y, title);
-    for (const Private::PointTable* points : {&tables.lines, &tables.handles}) {
-        points->table->AddColumn(points->x);
-        points->table->AddColumn(points->y);
-    }
-    setName(tables.handles.x, title + "_handle_x");
-    setName(tables.handles.y, title + "_handle_y");
-    tables.fill(shape);
+    d->shapeTables.push_back(d->nextTables());
+    d->shapeTables.back().take(shape);
     d->append(shape);
 }
 
@@ -261,7 +292,10 @@ void ProfileView::removeShape(const QString& title)
 
 void ProfileView::clearShape()
 {
+    d->keepMappers();
     d->removeShapePlots();
+    d->idleTables.swap(d->shapeTables);
+    std::reverse(d->idleTables.begin(), d->idleTables.end()); // taken from the end
     d->shapeTables.clear();
     d->shapes.clear();
 }
@@ -364,6 +398,7 @@ void ProfileView::drawShapes()
     for (std::size_t i = 0; i < d->shapes.size(); ++i)
         if (d->hasShape("ProfileView::drawShapes", i))
             d->drawShape(i);
+    d->idleTables.clear();
     d->chart->LowerPlots(d->handlePlots);
     d->chart->LowerPlots(d->shapePlots);
     d->dirty = true;

@@ -8,6 +8,7 @@
 #include <visualization/range.h>
 #include <visualization/shape.h>
 
+#include <vtkAbstractArray.h>
 #include <vtkContextItem.h>
 #include <vtkContextMouseEvent.h>
 #include <vtkPen.h>
@@ -17,8 +18,11 @@
 #include <vtkRenderWindow.h>
 #include <vtkSmartPointer.h>
 #include <vtkTable.h>
+#include <vtkVariant.h>
+#include <vtkWeakPointer.h>
 
 #include <QColor>
+#include <QImage>
 #include <QString>
 
 #include <cmath>
@@ -735,6 +739,105 @@ TEST_F(ProfileViewShapes, ClearingTakesShapesAndPlotsAway)
     EXPECT_EQ(f.chart()->GetNumberOfPlots(), kColumns);
     f.view->clearShape();
     f.render();
+}
+
+/** As many times cleared before as asked for, the same shapes and what is seen of them. */
+QImage pictureAfterClearing(int times)
+{
+    ProfileFixture f {kColumns};
+    for (int round = 0; round <= times; ++round) {
+        f.view->clearShape();
+        Shape first = makeShape(round == times ? "A" : "other", 1, 2.0 + round);
+        if (round < times)
+            first.addLine(Point(0.0, 3.0), Point(round, 9.0));
+        f.view->addShape(first);
+        f.view->addShape(makeShape("B", 2, 5.0));
+        f.view->drawShapes();
+        f.render();
+        if (round < times)
+            continue;
+        f.view->updateShape(1, makeShape("A", 1, 2.0));
+        f.render();
+    }
+    return f.picture();
+}
+
+TEST_F(ProfileViewShapes, ShapesAfterAClearingLookLikeTheFirstOnes)
+{
+    const QImage first = pictureAfterClearing(0);
+    EXPECT_EQ(pictureAfterClearing(1), first);
+    EXPECT_EQ(pictureAfterClearing(3), first);
+}
+
+TEST_F(ProfileViewShapes, ShapesAfterAClearingHaveNamesAndRowsOfTheirOwn)
+{
+    add("AB");
+    f.view->drawShapes();
+    f.view->clearShape();
+    Shape box = makeShape("C", 7, 30.0);
+    box.addLine(Point(1.0, 2.0), Point(3.0, 4.0));
+    f.view->addShape(box);
+    f.view->drawShapes();
+    EXPECT_EQ(drawn(), "C30 ");
+    EXPECT_EQ(linePlots()[0]->GetInput()->GetNumberOfRows(), 4);
+    EXPECT_EQ(handlePlots()[0]->GetInput()->GetNumberOfRows(), box.numberOfHandles());
+    EXPECT_EQ(columnName(linePlots()[0], 0), "C_x");
+    EXPECT_EQ(columnName(handlePlots()[0], 1), "C_handle");
+    EXPECT_EQ(linePlots()[0]->GetLabel(), "C");
+    add("DE"); // more than were cleared
+    f.view->drawShapes();
+    EXPECT_EQ(drawn(), "C30 D20 E30 ");
+}
+
+TEST_F(ProfileViewShapes, ATableThatSomebodyElseHoldsIsLeftAloneByShapesAfterAClearing)
+{
+    add("AB");
+    f.view->drawShapes();
+    const vtkSmartPointer<vtkTable> table = linePlots()[0]->GetInput();
+    const vtkSmartPointer<vtkAbstractArray> column = linePlots()[1]->GetInput()->GetColumn(0);
+    f.view->clearShape();
+    add("CD");
+    f.view->drawShapes();
+    EXPECT_EQ(drawn(), "C20 D30 ");
+    EXPECT_STREQ(table->GetColumnName(1), "A");
+    EXPECT_EQ(table->GetValue(0, 0).ToDouble(), 0.0);
+    EXPECT_STREQ(column->GetName(), "B_x");
+    EXPECT_EQ(column->GetVariantValue(0).ToDouble(), 10.0);
+}
+
+TEST_F(ProfileViewShapes, APlotThatSomebodyElseHoldsKeepsItsPointsAfterAClearing)
+{
+    add("A");
+    f.view->drawShapes();
+    const vtkSmartPointer<vtkPlot> plot = linePlots()[0];
+    f.view->clearShape();
+    add("B");
+    f.view->drawShapes();
+    EXPECT_EQ(plot->GetLabel(), "A");
+    EXPECT_EQ(cell(plot, 0, 0), 0.0);
+    EXPECT_EQ(drawn(), "B10 ");
+}
+
+TEST_F(ProfileViewShapes, ATableThatSomebodyElseHasChangedIsNotUsedAgain)
+{
+    add("A");
+    f.view->drawShapes();
+    linePlots()[0]->GetInput()->RemoveColumn(0);
+    f.view->clearShape();
+    add("B");
+    f.view->drawShapes();
+    EXPECT_EQ(linePlots()[0]->GetInput()->GetNumberOfColumns(), 2);
+    EXPECT_EQ(drawn(), "B10 ");
+}
+
+TEST_F(ProfileViewShapes, TheMemoryOfClearedShapesIsGoneAfterTheNextDrawing)
+{
+    add("A");
+    f.view->drawShapes();
+    const vtkWeakPointer<vtkTable> table = linePlots()[0]->GetInput();
+    f.view->clearShape();
+    f.view->drawShapes();
+    EXPECT_EQ(table, nullptr);
 }
 
 // Redrawing and the rest --------------------------------------------------------------------------
