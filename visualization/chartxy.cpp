@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "chartxy.h"
 
+#include "chartaxis.h"
 #include "chartxy_p.h"
 #include "plotarea.h"
 #include "plotbag.h"
@@ -98,7 +99,7 @@ ChartXY::ChartXY()
     addCorner(ChartPrivate->plotCorners, ChartPrivate->clip);
 
     for (int position = 0; position < kAxisCount; ++position) {
-        vtkAxis* axis = vtkAxis::New();
+        vtkAxis* axis = ChartAxis::New();
         ChartPrivate->axes.push_back(axis);
         axis->SetVisible(position == vtkAxis::LEFT || position == vtkAxis::BOTTOM);
         AttachAxisRangeListener(axis);

@@ -19,6 +19,7 @@
 #include <cstring>
 #include <gtest/gtest.h>
 #include <mutex>
+#include <ostream>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -772,6 +773,11 @@ struct Splitting {
     int threads;
     int mode; // slab, beam, block
 };
+
+std::ostream& operator<<(std::ostream& out, const Splitting& way)
+{
+    return out << way.threads << " threads, mode " << way.mode << (way.smp ? ", SMP" : "");
+}
 
 class ImageCorrectionSplitting : public testing::TestWithParam<Splitting> { };
 

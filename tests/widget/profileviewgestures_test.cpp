@@ -7,6 +7,7 @@
 #include <visualization/shape.h>
 
 #include <vtkAxis.h>
+#include <vtkDoubleArray.h>
 #include <vtkPlot.h>
 #include <vtkTable.h>
 #include <vtkTooltipItem.h>
@@ -239,6 +240,32 @@ TEST_F(ProfileViewGestures, TheWheelZoomsAboutTheCentreWhereverTheMouseIs)
     f.wheel(pixel(120, 850), -1);
     for (const int axis : kAxes)
         expectRange(axis, -100, 1100);
+}
+
+// Numbers end where one is next to another. The framework alone would look for ticks there for
+// ever.
+TEST_F(ProfileViewGestures, TheWheelZoomsAsFarAsNumbersReach)
+{
+    const QPointF at = pixel(500, 500);
+    const auto turn = [&](int notches) {
+        for (int i = 0; i < 400; ++i) {
+            f.wheel(at, notches);
+            if (i % 8 == 0)
+                f.render();
+        }
+    };
+    f.view->setBottomRange(1000000, 1000010);
+    f.view->setLeftRange(-3, 1000);
+    f.view->resetView();
+    turn(1);
+    for (const int axis : kAxes)
+        EXPECT_LT(
+            f.chart()->GetAxis(axis)->GetMaximum() - f.chart()->GetAxis(axis)->GetMinimum(), 1e-8);
+    turn(-1);
+    f.view->resetView();
+    f.render();
+    expectRange(vtkAxis::BOTTOM, 1000000, 1000010);
+    EXPECT_GT(f.chart()->GetAxis(vtkAxis::BOTTOM)->GetTickPositions()->GetNumberOfTuples(), 2);
 }
 
 TEST_F(ProfileViewGestures, TheWheelZoomsTheAxesThatAreSwitchedOn)
