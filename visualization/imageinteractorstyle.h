@@ -3,6 +3,7 @@
 #ifndef OVL_VISUALIZATION_IMAGEINTERACTORSTYLE_H
 #define OVL_VISUALIZATION_IMAGEINTERACTORSTYLE_H
 
+#include "limiteddolly.h"
 #include "vtkcompat.h"
 
 #include <vtkInteractorStyleImage.h>
@@ -19,7 +20,8 @@ namespace ovl {
  * rotates, no window or level changes, no key acts. Every move tells the pixel under the mouse
  * through CoordinatesSender.
  */
-class ImageInteractorStyle : public compat::DoubleClickAsPress<vtkInteractorStyleImage> {
+class ImageInteractorStyle
+    : public LimitedDolly<compat::DoubleClickAsPress<vtkInteractorStyleImage>> {
 public:
     static ImageInteractorStyle* New();
     vtkTypeMacro(ImageInteractorStyle, vtkInteractorStyleImage)

@@ -3,6 +3,7 @@
 #ifndef OVL_VISUALIZATION_VOLUMEINTERACTORSTYLE_H
 #define OVL_VISUALIZATION_VOLUMEINTERACTORSTYLE_H
 
+#include "limiteddolly.h"
 #include "vtkcompat.h"
 
 #include <vtkInteractorStyleTrackballCamera.h>
@@ -19,7 +20,8 @@ namespace ovl {
  * publishes the sample under it through CoordinatesSender, or clears the coordinates where there is
  * none.
  */
-class VolumeInteractorStyle : public compat::DoubleClickAsPress<vtkInteractorStyleTrackballCamera> {
+class VolumeInteractorStyle
+    : public LimitedDolly<compat::DoubleClickAsPress<vtkInteractorStyleTrackballCamera>> {
 public:
     static VolumeInteractorStyle* New();
     vtkTypeMacro(VolumeInteractorStyle, vtkInteractorStyleTrackballCamera)

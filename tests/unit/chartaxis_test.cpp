@@ -33,7 +33,7 @@ std::ostream& operator<<(std::ostream& out, const Ends& ends)
 /** A horizontal axis of 450 pixels with its ticks. */
 template <class Axis> vtkSmartPointer<Axis> ticked(const Ends& ends, int behavior = vtkAxis::FIXED)
 {
-    const auto axis = vtkSmartPointer<Axis>::New();
+    auto axis = vtkSmartPointer<Axis>::New();
     static const auto scene = vtkSmartPointer<vtkContextScene>::New(); // tells how texts are scaled
     axis->SetScene(scene);
     axis->SetPosition(vtkAxis::BOTTOM);

@@ -323,6 +323,42 @@ TEST_F(ImageMouse, WheelDolliesMarksDirtyAndTellsNoPixel)
     EXPECT_EQ(recorder.cleared, 0);
 }
 
+TEST_F(ImageMouse, TheWheelStopsWhereTheCameraWouldLoseItsDirection)
+{
+    const auto turn = [this](int times, int notches) {
+        for (int i = 0; i < times; ++i)
+            f.wheel(kMiddle, notches);
+    };
+    turn(330, 1);
+    EXPECT_GT(distance(), 1e-9);
+    EXPECT_LT(distance(), 1e-8); // of an image some pixels large
+    f.render();
+    EXPECT_TRUE(takeDirty());
+    turn(1, 1);
+    EXPECT_TRUE(takeDirty()) << "a notch counts, even if nothing moves any more";
+    turn(215, -1);
+    f.render();
+    EXPECT_EQ(f.directionOfProjection(), (Vector3 {0.0, 0.0, 1.0}));
+    EXPECT_GT(distance(), 1.0);
+    f.view->resetCamera();
+    f.render();
+    recorder.clear();
+    f.move(f.on(6, 1));
+    EXPECT_EQ(recorder.pixels, (Pixels {{6, 1}}));
+}
+
+TEST_F(ImageMouse, TheWheelStopsFarAwayToo)
+{
+    for (int i = 0; i < 900; ++i)
+        f.wheel(kMiddle, -1);
+    EXPECT_LT(distance(), 1.1e30);
+    f.view->resetCamera();
+    f.render();
+    recorder.clear();
+    f.move(f.on(6, 1));
+    EXPECT_EQ(recorder.pixels, (Pixels {{6, 1}}));
+}
+
 TEST_F(ImageMouse, NoKeyChangesAnything)
 {
     f.wheel(kMiddle, 2);

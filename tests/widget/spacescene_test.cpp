@@ -74,6 +74,13 @@ public:
     SpaceProbe probe {*this};
 };
 
+Triple directionOf(vtkCamera* camera)
+{
+    Triple direction;
+    camera->GetDirectionOfProjection(direction.data());
+    return direction;
+}
+
 using Views = testing::Types<PointCloudView, SurfaceView>;
 TYPED_TEST_SUITE(SpaceScene, Views);
 
@@ -620,6 +627,21 @@ TYPED_TEST(SpaceScene, ADragAndTheWheelMarkTheViewDirtyAndAMoveDoesNot)
     this->view->setDirty(false);
     this->wheel({110, 100}, 1);
     EXPECT_TRUE(this->view->isDirty());
+}
+
+TYPED_TEST(SpaceScene, TheWheelStopsWhereTheCameraWouldLoseItsDirection)
+{
+    this->show();
+    const Triple before = directionOf(this->probe.camera());
+    for (int i = 0; i < 400; ++i)
+        this->wheel({150, 100}, 1);
+    for (int i = 0; i < 200; ++i)
+        this->wheel({150, 100}, -1);
+    const Triple after = directionOf(this->probe.camera());
+    for (std::size_t i = 0; i < before.size(); ++i)
+        EXPECT_NEAR(after[i], before[i], 1e-6);
+    EXPECT_GT(this->probe.camera()->GetDistance(), 1.0);
+    this->render();
 }
 
 TYPED_TEST(SpaceScene, AMoveOverAStillSceneRendersNothing)
