@@ -2,6 +2,7 @@
 // Panning curves by the mouse: the event alone, and with the repaint after it. Run it once more
 // with GALLIUM_NOOP=1 to leave out what the software driver takes.
 #include "chartpeers.h"
+#include "kerneltime.h"
 
 namespace {
 
@@ -14,6 +15,7 @@ template <class After> void pan(benchmark::State& state, QWidget& widget, After 
 {
     sendMouse(widget, QEvent::MouseButtonPress, kGrab, true);
     int step = 0;
+    const KernelTime kernel(state);
     for (auto _ : state) {
         sendMouse(widget, QEvent::MouseMove, kGrab + QPointF(++step % 2, 0), true);
         after();
@@ -38,6 +40,7 @@ template <class Rig, int curves> [[maybe_unused]] void peerRepaint(benchmark::St
 {
     auto& rig = rigOf<Rig>(curves, static_cast<int>(state.range(0)));
     int step = 0;
+    const KernelTime kernel(state);
     for (auto _ : state) {
         rig.shift(++step % 2);
         rig.render();

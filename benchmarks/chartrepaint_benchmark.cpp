@@ -2,6 +2,7 @@
 // Repainting a chart with many shapes, of four lines and twelve handles each. Run it once more with
 // GALLIUM_NOOP=1 to leave out what the software driver takes.
 #include "chartpeers.h"
+#include "kerneltime.h"
 
 namespace {
 
@@ -9,6 +10,7 @@ using namespace ovl::bench;
 
 template <class Rig> void repaint(benchmark::State& state, Rig& rig)
 {
+    const KernelTime kernel(state);
     for (auto _ : state)
         rig.render();
 }

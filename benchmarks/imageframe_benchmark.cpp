@@ -4,6 +4,7 @@
 // size is in pixels of the frame; with GALLIUM_NOOP=1 the rasteriser in software is left out.
 #include "imagerig.h"
 #include "imagewindow.h"
+#include "kerneltime.h"
 #include <visualization/imageview.h>
 #include <visualization/range.h>
 
@@ -39,6 +40,7 @@ void pipeline(benchmark::State& state)
     frame.drawOn(view);
     auto* actor = vtkImageActor::SafeDownCast(window.lastProp());
     actor->GetMapper()->Update();
+    const ovl::bench::KernelTime kernel(state);
     for (auto _ : state) {
         frame.drawOn(view);
         actor->GetMapper()->Update();
@@ -64,6 +66,7 @@ void drawByView(benchmark::State& state, bool throughTable)
     }
     frame.drawOn(view);
     window.window()->Render();
+    const ovl::bench::KernelTime kernel(state);
     for (auto _ : state) {
         frame.drawOn(view);
         window.window()->Render();
@@ -88,6 +91,7 @@ void drawByFramework(benchmark::State& state)
     scale->Update();
     renderer->ResetCamera();
     window.window()->Render();
+    const ovl::bench::KernelTime kernel(state);
     for (auto _ : state) {
         source.renew();
         window.window()->Render();
@@ -100,6 +104,7 @@ void repaintNothing(benchmark::State& state)
     vtkNew<vtkRenderer> renderer;
     window.window()->AddRenderer(renderer);
     window.window()->Render();
+    const ovl::bench::KernelTime kernel(state);
     for (auto _ : state)
         window.window()->Render();
 }

@@ -13,6 +13,7 @@
 #ifndef OVL_BENCHMARKS_SPACERIG_H
 #define OVL_BENCHMARKS_SPACERIG_H
 
+#include "kerneltime.h"
 #include "residentmemory.h"
 #include <visualization/vtkcompat.h>
 
@@ -182,6 +183,7 @@ template <class Rig> void stream(benchmark::State& state)
 {
     Rig& rig = shownRig<Rig>(samplesOf(state));
     int frame = 0;
+    const KernelTime kernel(state);
     for (auto _ : state) {
         rig.fill(++frame);
         rig.show();
@@ -194,6 +196,7 @@ template <class Rig> void stream(benchmark::State& state)
 template <class Rig> void turn(benchmark::State& state)
 {
     Rig& rig = shownRig<Rig>(samplesOf(state));
+    const KernelTime kernel(state);
     for (auto _ : state) {
         rig.turn();
         rig.render();
