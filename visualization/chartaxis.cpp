@@ -32,14 +32,17 @@ vtkStandardNewMacro(ChartAxis)
         return; // the host's own stay
     TickPositions->SetNumberOfTuples(0);
     TickLabels->SetNumberOfTuples(0);
+    TickMarksDirty = false; // or the next update would lay some by the last interval
 }
 
 bool ChartAxis::canBeStepped()
 {
-    if (Behavior == vtkAxis::CUSTOM || LogScaleActive)
-        return true; // no steps are taken
+    if (Behavior == vtkAxis::CUSTOM)
+        return true;
     if (!std::isfinite(Minimum) || !std::isfinite(Maximum))
         return false;
+    if (UsingNiceMinMax || TickLabelAlgorithm != vtkAxis::TICK_SIMPLE)
+        return true; // no steps are taken
     double first = Minimum;
     double last = Maximum;
     const double size = CalculateNiceMinMax(first, last);

@@ -20,7 +20,7 @@ namespace ovl {
 inline bool mayDolly(vtkCamera* camera, double factor)
 {
     constexpr double nearest = 1e-18; // the framework's own limit is 1e-20
-    constexpr double precision = 1e-9; // leaves the direction seven digits
+    constexpr double precision = 1e-12; // leaves the direction three digits
     constexpr double farthest = 1e30; // in single precision
     double focus[3];
     camera->GetFocalPoint(focus);

@@ -42,7 +42,8 @@ public:
         void feed(vtkPlot* newPlot);
         /** Takes the mapper out of the plot that is about to go. */
         void keepMapper();
-        /** Whether nobody else holds any of it or has changed it, so that it may be filled anew. */
+        /** Whether nobody else holds any of it or has given it other columns: it may be filled
+         * anew. */
         bool isOurs() const;
         /** Puts the columns, which have their names, into a new table. */
         void build();

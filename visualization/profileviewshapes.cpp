@@ -94,10 +94,14 @@ bool ProfileView::Private::PointTable::isOurs() const
 
 void ProfileView::Private::PointTable::build()
 {
-    if (table->GetNumberOfColumns() > 0)
-        return;
-    table->AddColumn(x);
-    table->AddColumn(y);
+    if (table->GetNumberOfColumns() == 0) {
+        table->AddColumn(x);
+        table->AddColumn(y);
+    }
+    // Of columns handed on, whoever remembers ranges or times learns that they are new.
+    x->Modified();
+    y->Modified();
+    table->Modified();
 }
 
 bool ProfileView::Private::PointTable::isFed() const
@@ -129,9 +133,9 @@ void ProfileView::Private::ShapeTables::take(const Shape& shape)
     setName(lines.y, title);
     setName(handles.x, title + "_handle_x");
     setName(handles.y, title + "_handle_y");
+    fill(shape);
     lines.build();
     handles.build();
-    fill(shape);
 }
 
 void ProfileView::Private::ShapeTables::fill(const Shape& shape)

@@ -42,6 +42,7 @@ template <class Axis> vtkSmartPointer<Axis> ticked(const Ends& ends, int behavio
     axis->SetBehavior(behavior);
     axis->SetUnscaledRange(ends.minimum, ends.maximum);
     axis->RecalculateTickSpacing();
+    axis->Update();
     return axis;
 }
 
@@ -87,6 +88,31 @@ TEST_P(ChartAxisWithoutTicks, IsDoneAtOnce)
 INSTANTIATE_TEST_SUITE_P(ChartAxis, ChartAxisWithoutTicks,
     testing::Values(Ends {1e6, 1e6 + 1.2e-10}, Ends {1e6 + 1.2e-10, 1e6}, Ends {0.0, kInfinity},
         Ends {-kInfinity, kInfinity}, Ends {kInfinity, 0.0}, Ends {kNan, 1.0}, Ends {kNan, kNan}));
+
+/** The same on a logarithmic scale, from and to a power of ten. */
+template <class Axis> vtkSmartPointer<Axis> logarithmic(const Ends& powers)
+{
+    const auto axis = ticked<Axis>({1.0, 10.0});
+    axis->SetLogScale(true);
+    axis->Update();
+    axis->SetRange(powers.minimum, powers.maximum);
+    axis->RecalculateTickSpacing();
+    axis->Update();
+    return axis;
+}
+
+TEST(ChartAxis, HasTheFrameworksTicksOnALogarithmicScale)
+{
+    const auto axis = logarithmic<ChartAxis>({1.0, 4.0});
+    EXPECT_TRUE(axis->GetLogScaleActive());
+    EXPECT_GT(ticks(axis).size(), 2u);
+    EXPECT_EQ(ticks(axis), ticks(logarithmic<vtkAxis>({1.0, 4.0})));
+}
+
+TEST(ChartAxis, IsDoneAtOnceOnALogarithmicScaleToo)
+{
+    EXPECT_TRUE(ticks(logarithmic<ChartAxis>({3.8450980400142583, 3.8450980400142587})).empty());
+}
 
 TEST(ChartAxis, HasItsTicksBackInAWiderRange)
 {

@@ -75,13 +75,17 @@ TEST_F(TextureTable, GreyIsRepeatedAndOpaque)
 
 TEST_F(TextureTable, LeavesEverythingElseToTheStockTable)
 {
+    table->Build(); // as a mapper does before it asks
+    stock->Build();
     compare(noise<vtkDoubleArray>(1, 100));
     compare(noise<vtkUnsignedCharArray>(1, 100), VTK_COLOR_MODE_MAP_SCALARS);
     compare(noise<vtkUnsignedCharArray>(3, 100), VTK_COLOR_MODE_DIRECT_SCALARS);
     table->SetAlpha(0.5);
     stock->SetAlpha(0.5);
-    for (int components = 1; components <= 4; ++components)
+    for (int components = 1; components <= 4; ++components) {
+        SCOPED_TRACE(components);
         compare(noise<vtkUnsignedCharArray>(components, 100));
+    }
     const auto grey = noise<vtkUnsignedCharArray>(1, 10);
     const auto asGrey = [&](vtkScalarsToColors* by) {
         return bytesOf(

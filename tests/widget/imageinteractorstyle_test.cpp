@@ -330,8 +330,8 @@ TEST_F(ImageMouse, TheWheelStopsWhereTheCameraWouldLoseItsDirection)
             f.wheel(kMiddle, notches);
     };
     turn(330, 1);
-    EXPECT_GT(distance(), 1e-9);
-    EXPECT_LT(distance(), 1e-8); // of an image some pixels large
+    EXPECT_GT(distance(), 1e-12);
+    EXPECT_LT(distance(), 1e-11); // of an image some pixels large
     f.render();
     EXPECT_TRUE(takeDirty());
     turn(1, 1);

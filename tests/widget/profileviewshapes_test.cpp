@@ -11,6 +11,7 @@
 #include <vtkAbstractArray.h>
 #include <vtkContextItem.h>
 #include <vtkContextMouseEvent.h>
+#include <vtkDataArray.h>
 #include <vtkPen.h>
 #include <vtkPlot.h>
 #include <vtkPlotLine.h>
@@ -765,6 +766,8 @@ QImage pictureAfterClearing(int times)
 TEST_F(ProfileViewShapes, ShapesAfterAClearingLookLikeTheFirstOnes)
 {
     const QImage first = pictureAfterClearing(0);
+    f.render();
+    ASSERT_NE(first, f.picture()) << "the shapes are seen";
     EXPECT_EQ(pictureAfterClearing(1), first);
     EXPECT_EQ(pictureAfterClearing(3), first);
 }
@@ -828,6 +831,20 @@ TEST_F(ProfileViewShapes, ATableThatSomebodyElseHasChangedIsNotUsedAgain)
     f.view->drawShapes();
     EXPECT_EQ(linePlots()[0]->GetInput()->GetNumberOfColumns(), 2);
     EXPECT_EQ(drawn(), "B10 ");
+}
+
+TEST_F(ProfileViewShapes, ARangeThatAColumnRemembersIsThatOfThePresentShape)
+{
+    for (const double x : {0.0, 50.0}) {
+        f.view->clearShape();
+        f.view->addShape(makeShape("A", 1, x));
+        f.view->drawShapes();
+        double range[2];
+        auto* column = vtkDataArray::SafeDownCast(linePlots()[0]->GetInput()->GetColumn(0));
+        column->GetRange(range);
+        EXPECT_EQ(range[0], x);
+        EXPECT_EQ(range[1], x + 2.0);
+    }
 }
 
 TEST_F(ProfileViewShapes, TheMemoryOfClearedShapesIsGoneAfterTheNextDrawing)
