@@ -20,9 +20,9 @@ bool stepsLead(double from, double to, double step)
 
 } // namespace
 
-vtkStandardNewMacro(ChartAxis)
+vtkStandardNewMacro(ChartAxis);
 
-    void ChartAxis::RecalculateTickSpacing()
+void ChartAxis::RecalculateTickSpacing()
 {
     if (canBeStepped()) {
         Superclass::RecalculateTickSpacing();

@@ -72,9 +72,9 @@ private:
 
 } // namespace
 
-vtkStandardNewMacro(CubeAxes)
+vtkStandardNewMacro(CubeAxes);
 
-    int CubeAxes::RenderOpaqueGeometry(vtkViewport* viewport)
+int CubeAxes::RenderOpaqueGeometry(vtkViewport* viewport)
 {
     return paint([&] { return Superclass::RenderOpaqueGeometry(viewport); });
 }

@@ -55,6 +55,15 @@ protected:
         return dirty;
     }
 
+    void expectPixelsAfterReset()
+    {
+        f.view->resetCamera();
+        f.render();
+        recorder.clear();
+        f.move(f.on(6, 1));
+        EXPECT_EQ(recorder.pixels, (Pixels {{6, 1}}));
+    }
+
     std::vector<unsigned char> pixels = std::vector<unsigned char>(8 * 6, 90);
     ImageFixture f;
     CoordinatesRecorder recorder;
@@ -340,11 +349,7 @@ TEST_F(ImageMouse, TheWheelStopsWhereTheCameraWouldLoseItsDirection)
     f.render();
     EXPECT_EQ(f.directionOfProjection(), (Vector3 {0.0, 0.0, 1.0}));
     EXPECT_GT(distance(), 1.0);
-    f.view->resetCamera();
-    f.render();
-    recorder.clear();
-    f.move(f.on(6, 1));
-    EXPECT_EQ(recorder.pixels, (Pixels {{6, 1}}));
+    expectPixelsAfterReset();
 }
 
 TEST_F(ImageMouse, TheWheelStopsFarAwayToo)
@@ -352,11 +357,7 @@ TEST_F(ImageMouse, TheWheelStopsFarAwayToo)
     for (int i = 0; i < 900; ++i)
         f.wheel(kMiddle, -1);
     EXPECT_LT(distance(), 1.1e30);
-    f.view->resetCamera();
-    f.render();
-    recorder.clear();
-    f.move(f.on(6, 1));
-    EXPECT_EQ(recorder.pixels, (Pixels {{6, 1}}));
+    expectPixelsAfterReset();
 }
 
 TEST_F(ImageMouse, NoKeyChangesAnything)

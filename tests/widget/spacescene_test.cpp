@@ -68,6 +68,16 @@ public:
         this->render();
     }
 
+    void showFarFromZero()
+    {
+        fill();
+        setRanges();
+        this->view->range(1).set(5e9, 5e9 + 10.0);
+        this->view->drawScene();
+        this->view->resetCamera();
+        this->render();
+    }
+
     /** The framework's complaint about an inverted range of colours. */
     static void expectBadTableRange() { MessageWatch::expect("Bad table range"); }
 
@@ -429,12 +439,7 @@ TYPED_TEST(SpaceScene, ARangeOfOneValueUnderALargeScaleIsPainted)
 // As of the coordinates of a site in millimetres: the framework counts steps in 32 bits.
 TYPED_TEST(SpaceScene, ANarrowRangeFarFromZeroIsPainted)
 {
-    this->fill();
-    this->setRanges();
-    this->view->range(1).set(5e9, 5e9 + 10.0);
-    this->view->drawScene();
-    this->view->resetCamera();
-    this->render();
+    this->showFarFromZero();
     const AxesRecord axes(this->probe.axes());
     EXPECT_EQ(axes.x, (Pair {5e9, 5e9 + 10.0}));
     EXPECT_EQ(axes.bounds, (Bounds {5e9, 5e9 + 10.0, 0.0, 2.0, 1.0, 5.0}));
@@ -650,12 +655,7 @@ TYPED_TEST(SpaceScene, TheWheelStopsWhereTheCameraWouldLoseItsDirection)
 
 TYPED_TEST(SpaceScene, TheWheelReachesDetailsOfASceneThatIsFarFromZero)
 {
-    this->fill();
-    this->setRanges();
-    this->view->range(1).set(5e9, 5e9 + 10.0);
-    this->view->drawScene();
-    this->view->resetCamera();
-    this->render();
+    this->showFarFromZero();
     for (int i = 0; i < 60; ++i)
         this->wheel({150, 100}, 1);
     EXPECT_LT(this->probe.camera()->GetDistance(), 0.1);
